@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QtGlobal>
+
+namespace zolt {
+
+// Button sets of MgBox.
+enum Buttons : qint32 {
+    vbOKOnly = 0,
+    vbOKCancel = 1,
+    vbAbortRetryIgnore = 2,
+    vbYesNoCancel = 3,
+    vbYesNo = 4,
+    vbRetryCancel = 5
+};
+
+// Icons of MgBox.
+enum IconValue : qint32 {
+    vbCritical = 16,
+    vbQuestion = 32,
+    vbExclamation = 48,
+    vbInformation = 64
+};
+
+// The predefined registry roots, by their classic handle numbers.
+enum REGToolRootTypes : qint32 {
+    HK_CLASSES_ROOT = qint32(0x80000000u),
+    HK_CURRENT_USER = qint32(0x80000001u),
+    HK_LOCAL_MACHINE = qint32(0x80000002u),
+    HK_USERS = qint32(0x80000003u),
+    HK_PERFORMANCE_DATA = qint32(0x80000004u),
+    HK_CURRENT_CONFIG = qint32(0x80000005u),
+    HK_DYN_DATA = qint32(0x80000006u)
+};
+
+struct RECT {
+    qint32 Left = 0;
+    qint32 Top = 0;
+    qint32 Right = 0;
+    qint32 Bottom = 0;
+};
+
+} // namespace zolt

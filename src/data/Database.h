@@ -1,0 +1,30 @@
+#pragma once
+
+// The host's connection, kept library-wide, and the one path by which
+// statements reach it.
+
+#include <QSqlDatabase>
+#include <QString>
+
+namespace zolt {
+
+// The connection every query of the library runs on. Public entry points
+// replace it with the host's; the library never opens or closes it.
+extern QSqlDatabase CurrentConnection;
+// The description of CurrentConnection, where an entry point keeps it.
+extern QString CurrentConnectionString;
+
+// The statement as the connection's driver must receive it. The library writes
+// date literals as #m/d/y#; drivers that do not read them get ISO text instead.
+QString DriverSql(const QSqlDatabase &db, const QString &sql);
+
+// Rewrites every #m/d/y# (optionally with a time) outside quoted text into
+// 'yyyy-mm-dd' (or 'yyyy-mm-dd hh:mm:ss'); month first, as the original engine
+// reads such literals. A literal that is no date is left as it stands.
+QString RewriteDateLiterals(const QString &sql);
+
+// Runs an INSERT, UPDATE or DELETE on db; a failure raises zolt::Error with
+// the database failure number and the driver's message.
+void Execute(const QString &sql, const QSqlDatabase &db = CurrentConnection);
+
+} // namespace zolt

@@ -1,0 +1,35 @@
+#include <zolt/Error.h>
+
+namespace zolt {
+
+Error::Error(qint32 number)
+    : Error(number, standardDescription(number))
+{
+}
+
+Error::Error(qint32 number, const QString &description)
+    : m_number(number)
+    , m_description(description)
+    , m_what(description.toUtf8())
+{
+}
+
+QString Error::standardDescription(qint32 number)
+{
+    switch (number) {
+    case InvalidArgument: return QStringLiteral("Invalid procedure call or argument");
+    case Overflow: return QStringLiteral("Overflow");
+    case TypeMismatch: return QStringLiteral("Type mismatch");
+    case DuplicateKey:
+        return QStringLiteral("This key is already associated with an element of this collection");
+    case NoCurrentRecord:
+        return QStringLiteral("Either BOF or EOF is True, or the current record has been deleted. "
+                              "Requested operation requires a current record.");
+    case ItemNotFound:
+        return QStringLiteral("Item cannot be found in the collection corresponding to the "
+                              "requested name or ordinal.");
+    default: return QStringLiteral("Application-defined or object-defined error");
+    }
+}
+
+} // namespace zolt

@@ -1,0 +1,104 @@
+#include "data/Recordset.h"
+
+#include <zolt/Error.h>
+
+#include <QSqlError>
+#include <QSqlRecord>
+
+namespace zolt {
+
+namespace {
+
+QString closedText()
+{
+    return QStringLiteral("Operation is not allowed when the object is closed.");
+}
+
+} // namespace
+
+qint32 Recordset::Open(const QString &sql, const QSqlDatabase &db)
+{
+    Close();
+    if (!db.isOpen()) {
+        m_errorText = closedText();
+        return Error::DatabaseFailure;
+    }
+    QSqlQuery query(db);
+    if (!query.exec(DriverSql(db, sql))) {
+        m_errorText = query.lastError().text();
+        return Error::DatabaseFailure;
+    }
+    m_errorText.clear();
+    m_query.emplace(std::move(query));
+    m_onRow = m_query->first();
+    return 0;
+}
+
+void Recordset::Close()
+{
+    m_query.reset();
+    m_onRow = false;
+}
+
+const QSqlQuery &Recordset::query() const
+{
+    if (!m_query)
+        throw Error(Error::DatabaseFailure, closedText());
+    return *m_query;
+}
+
+QSqlQuery &Recordset::query()
+{
+    if (!m_query)
+        throw Error(Error::DatabaseFailure, closedText());
+    return *m_query;
+}
+
+void Recordset::MoveFirst()
+{
+    m_onRow = query().first();
+}
+
+void Recordset::MoveNext()
+{
+    if (!m_onRow)
+        throw Error(Error::NoCurrentRecord);
+    m_onRow = query().next();
+}
+
+void Recordset::MoveLast()
+{
+    m_onRow = query().last();
+}
+
+QVariant Recordset::Value(const QString &column) const
+{
+    const int position = query().record().indexOf(column);
+    if (position < 0)
+        throw Error(Error::ItemNotFound);
+    return Value(position);
+}
+
+QVariant Recordset::Value(int position) const
+{
+    if (position < 0 || position >= FieldCount())
+        throw Error(Error::ItemNotFound);
+    if (!m_onRow)
+        throw Error(Error::NoCurrentRecord);
+    const QVariant value = query().value(position);
+    return value.isNull() ? QVariant() : value;
+}
+
+QString Recordset::FieldName(int position) const
+{
+    if (position < 0 || position >= FieldCount())
+        throw Error(Error::ItemNotFound);
+    return query().record().fieldName(position);
+}
+
+int Recordset::FieldCount() const
+{
+    return query().record().count();
+}
+
+} // namespace zolt

@@ -1,0 +1,48 @@
+#pragma once
+
+// A forward and backward readable result of one SELECT, with the record-set
+// operations the library's modules use.
+
+#include "data/Database.h"
+
+#include <QSqlQuery>
+#include <QString>
+#include <QVariant>
+
+#include <optional>
+
+namespace zolt {
+
+class Recordset {
+public:
+    // Opens the SELECT on db (the library's connection by default); returns 0,
+    // or the database failure number when the statement could not run.
+    qint32 Open(const QString &sql, const QSqlDatabase &db = CurrentConnection);
+    void Close();
+
+    bool IsOpen() const { return m_query.has_value(); }
+    // True when there is no current row: past the last, or none at all.
+    bool Eof() const { return !m_onRow; }
+    QString LastErrorText() const { return m_errorText; }
+
+    void MoveFirst();
+    void MoveNext();
+    void MoveLast();
+
+    // The current row's value of a column; a database Null is a null QVariant.
+    // Error 3021 when there is no current row, 3265 for an unknown column.
+    QVariant Value(const QString &column) const;
+    QVariant Value(int position) const;
+    QString FieldName(int position) const;
+    int FieldCount() const;
+
+private:
+    const QSqlQuery &query() const;
+    QSqlQuery &query();
+
+    std::optional<QSqlQuery> m_query;
+    bool m_onRow = false;
+    QString m_errorText;
+};
+
+} // namespace zolt

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QSqlDatabase>
+#include <QString>
+#include <QTemporaryDir>
+
+class QWidget;
+
+namespace zolt::test {
+
+// A real SQLite database file in a temporary folder, open for the test's
+// lifetime and installed as the library's current connection.
+class TempDatabase {
+public:
+    TempDatabase();
+    ~TempDatabase();
+    TempDatabase(const TempDatabase &) = delete;
+    TempDatabase &operator=(const TempDatabase &) = delete;
+
+    QSqlDatabase db() const;
+    QString path() const { return m_path; }
+    // Runs statements that set up a test; fails the test on an error.
+    void exec(const QString &sql) const;
+    // The first column of the first row of a query.
+    QVariant scalar(const QString &sql) const;
+
+private:
+    QTemporaryDir m_dir;
+    QString m_name;
+    QString m_path;
+};
+
+// Saves a picture of the widget under the build folder's screenshots/.
+QString saveScreenshot(QWidget *widget, const QString &name);
+
+} // namespace zolt::test
