@@ -2,8 +2,12 @@
 
 #include "data/Database.h"
 
+#include <QApplication>
 #include <QDir>
+#include <QElapsedTimer>
+#include <QTimer>
 #include <QSqlError>
+#include <QTest>
 #include <QSqlQuery>
 #include <QUuid>
 #include <QWidget>
@@ -46,6 +50,36 @@ QVariant TempDatabase::scalar(const QString &sql) const
     QSqlQuery query(db());
     EXPECT_TRUE(query.exec(sql) && query.next()) << sql.toStdString();
     return query.value(0);
+}
+
+void whenModalShows(std::function<void(QWidget *)> action, int timeoutMs)
+{
+    auto *timer = new QTimer(qApp);
+    auto *waited = new QElapsedTimer;
+    waited->start();
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, waited, action, timeoutMs] {
+        QWidget *modal = QApplication::activeModalWidget();
+        if (!modal && waited->elapsed() < timeoutMs)
+            return;
+        timer->stop();
+        timer->deleteLater();
+        delete waited;
+        if (modal)
+            action(modal);
+        else
+            ADD_FAILURE() << "no modal dialog showed";
+    });
+    timer->start(10);
+}
+
+void typeText(QWidget *widget, const QString &text)
+{
+    for (const QChar c : text) {
+        const Qt::Key key = c.isLetterOrNumber() && c.unicode() < 128
+                                ? Qt::Key(c.toUpper().unicode())
+                                : (c == QLatin1Char(' ') ? Qt::Key_Space : Qt::Key_unknown);
+        QTest::sendKeyEvent(QTest::Click, widget, key, QString(c), Qt::NoModifier);
+    }
 }
 
 QString saveScreenshot(QWidget *widget, const QString &name)

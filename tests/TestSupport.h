@@ -4,6 +4,8 @@
 #include <QString>
 #include <QTemporaryDir>
 
+#include <functional>
+
 class QWidget;
 
 namespace zolt::test {
@@ -29,6 +31,13 @@ private:
     QString m_name;
     QString m_path;
 };
+
+// Runs action on the next modal dialog as soon as it shows (for dialogs that
+// block in exec()); gives up after timeoutMs.
+void whenModalShows(std::function<void(QWidget *)> action, int timeoutMs = 5000);
+
+// Types text into the widget key by key, Vietnamese letters included.
+void typeText(QWidget *widget, const QString &text);
 
 // Saves a picture of the widget under the build folder's screenshots/.
 QString saveScreenshot(QWidget *widget, const QString &name);

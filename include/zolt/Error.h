@@ -18,6 +18,8 @@ public:
         InvalidArgument = 5,        // invalid procedure call or argument
         Overflow = 6,
         TypeMismatch = 13,
+        InvalidPropertyValue = 380,
+        InvalidPropertyIndex = 381,
         NoCurrentRecord = 3021,     // a field read while the record set is at its end
         ItemNotFound = 3265,        // a field name or position the record set does not have
         DuplicateKey = 457,         // key already associated with an element of a collection

@@ -20,6 +20,8 @@ QString Error::standardDescription(qint32 number)
     case InvalidArgument: return QStringLiteral("Invalid procedure call or argument");
     case Overflow: return QStringLiteral("Overflow");
     case TypeMismatch: return QStringLiteral("Type mismatch");
+    case InvalidPropertyValue: return QStringLiteral("Invalid property value");
+    case InvalidPropertyIndex: return QStringLiteral("Invalid property array index");
     case DuplicateKey:
         return QStringLiteral("This key is already associated with an element of this collection");
     case NoCurrentRecord:

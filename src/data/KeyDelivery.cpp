@@ -30,6 +30,21 @@ Qt::KeyboardModifier modifierOf(quint8 vk)
     }
 }
 
+struct KeyPair {
+    quint8 vk;
+    int qt;
+};
+
+// Named keys; digits, letters, keypad digits and function keys follow below.
+constexpr KeyPair NamedKeys[] = {
+    {8, Qt::Key_Backspace}, {9, Qt::Key_Tab}, {13, Qt::Key_Return}, {16, Qt::Key_Shift},
+    {17, Qt::Key_Control}, {18, Qt::Key_Alt}, {27, Qt::Key_Escape}, {32, Qt::Key_Space},
+    {33, Qt::Key_PageUp}, {34, Qt::Key_PageDown}, {35, Qt::Key_End}, {36, Qt::Key_Home},
+    {37, Qt::Key_Left}, {38, Qt::Key_Up}, {39, Qt::Key_Right}, {40, Qt::Key_Down},
+    {45, Qt::Key_Insert}, {46, Qt::Key_Delete}, {106, Qt::Key_Asterisk}, {107, Qt::Key_Plus},
+    {109, Qt::Key_Minus}, {110, Qt::Key_Period}, {111, Qt::Key_Slash},
+};
+
 int qtKey(quint8 vk)
 {
     if (vk >= '0' && vk <= '9')
@@ -40,32 +55,11 @@ int qtKey(quint8 vk)
         return Qt::Key_0 + (vk - 96);
     if (vk >= 112 && vk <= 123)
         return Qt::Key_F1 + (vk - 112);
-    switch (vk) {
-    case 8: return Qt::Key_Backspace;
-    case 9: return Qt::Key_Tab;
-    case 13: return Qt::Key_Return;
-    case 16: return Qt::Key_Shift;
-    case 17: return Qt::Key_Control;
-    case 18: return Qt::Key_Alt;
-    case 27: return Qt::Key_Escape;
-    case 32: return Qt::Key_Space;
-    case 33: return Qt::Key_PageUp;
-    case 34: return Qt::Key_PageDown;
-    case 35: return Qt::Key_End;
-    case 36: return Qt::Key_Home;
-    case 37: return Qt::Key_Left;
-    case 38: return Qt::Key_Up;
-    case 39: return Qt::Key_Right;
-    case 40: return Qt::Key_Down;
-    case 45: return Qt::Key_Insert;
-    case 46: return Qt::Key_Delete;
-    case 106: return Qt::Key_Asterisk;
-    case 107: return Qt::Key_Plus;
-    case 109: return Qt::Key_Minus;
-    case 110: return Qt::Key_Period;
-    case 111: return Qt::Key_Slash;
-    default: return Qt::Key_unknown;
+    for (const KeyPair &pair : NamedKeys) {
+        if (pair.vk == vk)
+            return pair.qt;
     }
+    return Qt::Key_unknown;
 }
 
 // The text a key types, as a plain keyboard would, none under Ctrl or Alt.
@@ -97,6 +91,25 @@ QString typedText(quint8 vk, Qt::KeyboardModifiers modifiers)
 }
 
 } // namespace
+
+qint32 VirtualKeyOf(int key)
+{
+    if (key >= Qt::Key_0 && key <= Qt::Key_9)
+        return '0' + (key - Qt::Key_0);
+    if (key >= Qt::Key_A && key <= Qt::Key_Z)
+        return 'A' + (key - Qt::Key_A);
+    if (key >= Qt::Key_F1 && key <= Qt::Key_F12)
+        return 112 + (key - Qt::Key_F1);
+    if (key == Qt::Key_Enter)
+        return 13;
+    if (key == Qt::Key_Backtab)
+        return 9;
+    for (const KeyPair &pair : NamedKeys) {
+        if (pair.qt == key)
+            return pair.vk;
+    }
+    return 0;
+}
 
 KeySink SetKeySink(KeySink sink)
 {

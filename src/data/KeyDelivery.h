@@ -25,6 +25,9 @@ void SendKeyStroke(qint32 key, qint32 keyEvent);
 // (code 0 among them) change nothing.
 void DeliverKeyStroke(qint32 key, qint32 keyEvent);
 
+// The virtual-key code of a Qt key; 0 for keys without one.
+qint32 VirtualKeyOf(int key);
+
 // Lets go of every modifier the delivery holds down.
 void ReleaseModifiers();
 

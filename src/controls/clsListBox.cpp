@@ -1,0 +1,198 @@
+#include "controls/clsListBox.h"
+
+#include <zolt/Error.h>
+
+#include <QComboBox>
+#include <QFocusEvent>
+#include <QListView>
+#include <QSignalBlocker>
+#include <QStringListModel>
+
+namespace zolt {
+
+clsListBox::clsListBox(QObject *parent)
+    : QObject(parent)
+{
+}
+
+clsListBox::~clsListBox() = default;
+
+void clsListBox::SetTListBox(QWidget *txtCmb)
+{
+    if (m_control)
+        m_control->removeEventFilter(this);
+    m_control = txtCmb;
+    m_combo = qobject_cast<QComboBox *>(txtCmb);
+    m_view = qobject_cast<QAbstractItemView *>(txtCmb);
+    if (!m_combo && !m_view)
+        throw Error(Error::TypeMismatch);
+    if (m_view && !m_view->model())
+        m_view->setModel(new QStringListModel(m_view));
+    m_itemData = QStringList(ListCount());
+    m_newIndex = -1;
+    m_control->installEventFilter(this);
+}
+
+QAbstractItemModel *clsListBox::model() const
+{
+    if (!m_control)
+        throw Error(Error::InvalidArgument, QStringLiteral("No list is bound"));
+    return m_combo ? m_combo->model() : m_view->model();
+}
+
+void clsListBox::checkIndex(int index) const
+{
+    if (index < 0 || index >= m_itemData.size())
+        throw Error(Error::InvalidArgument);
+}
+
+void clsListBox::AddItem(const QString &item, std::optional<int> index)
+{
+    const int at = index.value_or(ListCount());
+    if (at < 0 || at > ListCount())
+        throw Error(Error::InvalidArgument);
+    if (m_combo) {
+        // A combo box selects the first item put into it; a list does not.
+        const int selected = m_combo->currentIndex();
+        const QSignalBlocker block(m_combo);
+        m_combo->insertItem(at, item);
+        m_combo->setCurrentIndex(selected >= at ? selected + 1 : selected);
+    } else {
+        QAbstractItemModel *rows = model();
+        rows->insertRow(at);
+        rows->setData(rows->index(at, 0), item);
+    }
+    m_newIndex = at;
+    m_itemData.insert(at, QString());
+}
+
+void clsListBox::RemoveItem(int index)
+{
+    if (index < 0)
+        return;
+    if (index >= ListCount())
+        throw Error(Error::InvalidArgument);
+    model()->removeRow(index);
+    if (index < m_itemData.size())
+        m_itemData.removeAt(index);
+}
+
+void clsListBox::Clear()
+{
+    if (m_combo)
+        m_combo->clear();
+    else
+        model()->removeRows(0, model()->rowCount());
+    m_itemData.clear();
+    m_newIndex = -1;
+}
+
+QString clsListBox::ItemData(int index) const
+{
+    checkIndex(index);
+    return m_itemData.at(index);
+}
+
+void clsListBox::SetItemData(int index, const QString &data)
+{
+    checkIndex(index);
+    m_itemData[index] = data;
+}
+
+QString clsListBox::Value() const
+{
+    const int index = ListIndex();
+    return index >= 0 && index < m_itemData.size() ? m_itemData.at(index) : QString();
+}
+
+void clsListBox::SetValue(const QString &value)
+{
+    SetListIndex(FindString(m_itemData, value));
+}
+
+int clsListBox::ListIndex() const
+{
+    if (!m_control)
+        return -1;
+    return m_combo ? m_combo->currentIndex() : m_view->currentIndex().row();
+}
+
+void clsListBox::SetListIndex(int index)
+{
+    if (index < -1 || index >= ListCount())
+        throw Error(Error::InvalidPropertyValue);
+    if (m_combo) {
+        m_combo->setCurrentIndex(index);
+        return;
+    }
+    if (index < 0) {
+        m_view->setCurrentIndex(QModelIndex());
+        m_view->clearSelection();
+    } else {
+        m_view->setCurrentIndex(model()->index(index, 0));
+    }
+}
+
+QString clsListBox::Text() const
+{
+    if (!m_control)
+        return QString();
+    if (m_combo)
+        return m_combo->currentText();
+    return m_view->currentIndex().data().toString();
+}
+
+void clsListBox::SetText(const QString &text)
+{
+    if (m_combo && m_combo->isEditable()) {
+        m_combo->setEditText(text);
+        return;
+    }
+    const QModelIndexList found = model()->match(model()->index(0, 0), Qt::DisplayRole, text, 1,
+                                                 Qt::MatchFixedString);
+    SetListIndex(found.isEmpty() ? -1 : found.first().row());
+}
+
+QString clsListBox::List(int index) const
+{
+    if (index < 0 || index >= ListCount())
+        return QString();
+    return model()->index(index, 0).data().toString();
+}
+
+void clsListBox::SetList(int index, const QString &text)
+{
+    if (index < 0 || index >= ListCount())
+        throw Error(Error::InvalidPropertyIndex);
+    model()->setData(model()->index(index, 0), text);
+}
+
+int clsListBox::ListCount() const
+{
+    return m_control ? model()->rowCount() : 0;
+}
+
+int clsListBox::FindString(const QStringList &mClt, const QString &StFind)
+{
+    for (int i = 0; i < mClt.size(); ++i) {
+        if (mClt.at(i).compare(StFind, Qt::CaseInsensitive) == 0)
+            return i;
+    }
+    return -1;
+}
+
+bool clsListBox::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_control) {
+        if (event->type() == QEvent::FocusIn) {
+            m_textOnEntry = Text();
+        } else if (event->type() == QEvent::FocusOut
+                   && static_cast<QFocusEvent *>(event)->reason() != Qt::PopupFocusReason
+                   && Text().compare(m_textOnEntry, Qt::CaseInsensitive) != 0) {
+            Q_EMIT TextChanged();
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace zolt

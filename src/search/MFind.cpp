@@ -1,0 +1,169 @@
+#include "search/MFind.h"
+
+#include "controls/ItemDataList.h"
+#include "data/Conversions.h"
+#include "data/General.h"
+
+#include <zolt/Error.h>
+
+#include <QRegularExpression>
+
+#include <algorithm>
+
+namespace zolt {
+
+thread_local QStringList FieldRelation;
+thread_local QList<qint32> FieldType;
+
+namespace {
+
+// A number as the database reads it. Typed numbers go into the condition
+// unquoted, so anything else (grouping commas, words, brackets) is kept out.
+bool isSqlNumber(const QString &text)
+{
+    static const QRegularExpression number(
+        QStringLiteral(R"(^\s*[+-]?(\d+(\.\d*)?|\.\d+)([eE][+-]?\d+)?\s*$)"));
+    return number.match(text).hasMatch();
+}
+
+bool isSqlNumberList(const QString &text)
+{
+    const QStringList items = text.split(QLatin1Char(','));
+    return std::all_of(items.begin(), items.end(), isSqlNumber);
+}
+
+QString numberLiteral(const QString &predicate, const QString &value)
+{
+    if (predicate == QLatin1String("IN"))
+        return isSqlNumberList(value) ? QLatin1Char('(') + value + QLatin1Char(')') : QString();
+    return isSqlNumber(value) ? value : QString();
+}
+
+QString textLiteral(const QString &predicate, const QString &value)
+{
+    const QString escaped = EscapeQuotes(value);
+    if (predicate == QLatin1String("LIKE"))
+        return QLatin1Char('\'') + escaped + QStringLiteral("%'");
+    if (predicate == QLatin1String("IN"))
+        return QStringLiteral("('") + QString(escaped).replace(QLatin1Char(','), QStringLiteral("','"))
+               + QStringLiteral("')");
+    return QLatin1Char('\'') + escaped + QLatin1Char('\'');
+}
+
+QString twoDigits(const QString &part)
+{
+    return part.size() == 1 ? QLatin1Char('0') + part : part;
+}
+
+} // namespace
+
+qint32 OpenQuery(Recordset &rs, const QString &sql)
+{
+    return rs.Open(sql, CurrentConnection);
+}
+
+bool HasRows(const Recordset &rs)
+{
+    return !rs.Eof();
+}
+
+qint32 CountRecords(Recordset &rs)
+{
+    qint32 count = 0;
+    for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext())
+        ++count;
+    rs.MoveFirst();
+    return count;
+}
+
+void FillList(ItemDataList &list, const QString &order, QString sql)
+{
+    try {
+        if (!order.isEmpty())
+            sql += QStringLiteral(" Order By ") + order;
+        Recordset rs;
+        if (OpenQuery(rs, sql) != 0)
+            return;
+        const int remembered = list.ListIndex();
+        list.Clear();
+        for (; !rs.Eof(); rs.MoveNext()) {
+            list.AddItem(NullToStr(rs.Value(1)));
+            list.SetItemData(list.NewIndex(), NullToStr(rs.Value(0)));
+        }
+        list.SetListIndex(remembered < list.ListCount() ? remembered : 0);
+    } catch (const Error &) {
+        // the list stays as far as it got
+    }
+}
+
+void LoadFieldInfo(QString sql, const QString &order)
+{
+    try {
+        const int from = sql.indexOf(QStringLiteral(" FROM "), 0, Qt::CaseInsensitive);
+        Recordset count;
+        if (from < 0 || OpenQuery(count, QStringLiteral("SELECT COUNT(*) FROM ") + sql.mid(from + 6)) != 0)
+            return;
+        const qint32 n = HasRows(count) ? LngVal(count.Value(0)) : 0;
+
+        sql += QStringLiteral(" Order By ") + order;
+        Recordset rs;
+        if (OpenQuery(rs, sql) != 0)
+            return;
+        FieldRelation = QStringList(n + 1);
+        FieldType = QList<qint32>(n + 1, 0);
+        for (int k = 0; !rs.Eof() && k <= n; rs.MoveNext(), ++k) {
+            FieldRelation[k] = NullToStr(rs.Value(QStringLiteral("Relation")));
+            FieldType[k] = LngVal(rs.Value(QStringLiteral("Type")));
+        }
+    } catch (const Error &) {
+        // the cache stays as far as it got
+    }
+}
+
+QString FormatValue(int type, const QString &predicate, const QString &value)
+{
+    const QString op = UCase(predicate);
+    switch (type) {
+    case 1: case 3: case 13:
+        return numberLiteral(op, value);
+    case 8:
+        return QLatin1Char('#') + FormatDate(value) + QLatin1Char('#');
+    case 10: case 11:
+        return textLiteral(op, value);
+    default:
+        return QString();
+    }
+}
+
+QString FormatDate(const QString &value)
+{
+    if (!IsDate(value))
+        return QString();
+    QString text = value.trimmed();
+    if (text.startsWith(QLatin1Char('#')))
+        text = text.mid(1, text.size() - 2);
+    const QStringList parts = text.split(QLatin1Char('/'));
+    const QString day = twoDigits(parts[0].trimmed());
+    const QString month = twoDigits(parts[1].trimmed());
+    const QString year = parts[2].trimmed().rightJustified(4, QLatin1Char('0'));
+    // The database reads the literal month first.
+    return month + QLatin1Char('/') + day + QLatin1Char('/') + year;
+}
+
+QString EscapeQuotes(const QString &value)
+{
+    return QString(value).replace(QLatin1Char('\''), QStringLiteral("''"))
+                         .replace(QLatin1Char('"'), QStringLiteral("\"\""));
+}
+
+int CountOf(const QString &text, const QString &pattern)
+{
+    if (text.isEmpty() || pattern.isEmpty())
+        return 0;
+    int count = 0;
+    for (qsizetype at = text.indexOf(pattern); at >= 0; at = text.indexOf(pattern, at + pattern.size()))
+        ++count;
+    return count;
+}
+
+} // namespace zolt

@@ -1,0 +1,47 @@
+#pragma once
+
+// Queries of the search wizard: record sets on the library's connection, the
+// field catalogue (tables LstFld and Operator) and the literals of typed values.
+
+#include "data/Recordset.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+namespace zolt {
+
+class ItemDataList;
+
+// The lookup source (Relation) and value type (Type) of each catalogue field of
+// the table the search dialog shows, by the field's position in its list.
+extern thread_local QStringList FieldRelation;
+extern thread_local QList<qint32> FieldType;
+
+// Opens sql on the library's connection; 0, or the error number of the open.
+qint32 OpenQuery(Recordset &rs, const QString &sql);
+// True when the record set has a current row.
+bool HasRows(const Recordset &rs);
+// The number of rows; leaves the record set on its first row.
+qint32 CountRecords(Recordset &rs);
+
+// Fills the list from sql (ordered by order when given): the second column as
+// shown text, the first as item data. The selection is kept when the list
+// still has that row, else the first row is selected. A failing query leaves
+// the list as far as it got.
+void FillList(ItemDataList &list, const QString &order, QString sql);
+
+// Fills FieldRelation and FieldType from sql, a query of LstFld, in order.
+void LoadFieldInfo(QString sql, const QString &order);
+
+// The SQL literal of a typed value by value type and operator; "" for types
+// that have no literal.
+QString FormatValue(int type, const QString &predicate, const QString &value);
+// The day-first date value as the month-first text of a #...# literal; "" when
+// it is not a date.
+QString FormatDate(const QString &value);
+QString EscapeQuotes(const QString &value);
+// Occurrences of pattern in text; 0 for an empty text.
+int CountOf(const QString &text, const QString &pattern);
+
+} // namespace zolt
