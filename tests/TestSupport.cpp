@@ -2,6 +2,8 @@
 
 #include "data/Database.h"
 
+#include <zolt/Error.h>
+
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>
@@ -50,6 +52,16 @@ QVariant TempDatabase::scalar(const QString &sql) const
     QSqlQuery query(db());
     EXPECT_TRUE(query.exec(sql) && query.next()) << sql.toStdString();
     return query.value(0);
+}
+
+qint32 errorNumberOf(const std::function<void()> &f)
+{
+    try {
+        f();
+    } catch (const Error &e) {
+        return e.number();
+    }
+    return 0;
 }
 
 void whenModalShows(std::function<void(QWidget *)> action, int timeoutMs)

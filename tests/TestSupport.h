@@ -32,6 +32,9 @@ private:
     QString m_path;
 };
 
+// The number of the zolt::Error that f raises; 0 when it raises none.
+qint32 errorNumberOf(const std::function<void()> &f);
+
 // Runs action on the next modal dialog as soon as it shows (for dialogs that
 // block in exec()); gives up after timeoutMs.
 void whenModalShows(std::function<void(QWidget *)> action, int timeoutMs = 5000);

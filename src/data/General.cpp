@@ -55,7 +55,9 @@ QString updateOption(const QString &section, const QString &key, const QString &
     return description.isEmpty() ? sql : AddSet(sql, QStringLiteral("Description"), description);
 }
 
-void centre(QWidget *form)
+} // namespace
+
+void CentreOnScreen(QWidget *form)
 {
     const QScreen *screen = form->screen() ? form->screen() : QGuiApplication::primaryScreen();
     if (!screen)
@@ -65,6 +67,8 @@ void centre(QWidget *form)
     form->move(area.left() + (area.width() - size.width()) / 2,
                area.top() + (area.height() - size.height()) / 2);
 }
+
+namespace {
 
 int findUserData(const QAbstractItemModel *model, qint32 value)
 {
@@ -124,7 +128,7 @@ void ApplyFormSettings(QWidget *form)
 {
     if (!form)
         return;
-    centre(form);
+    CentreOnScreen(form);
     DefaultFontName = ReadOption(QStringLiteral("Config"), QStringLiteral("DefaultFont"), QString());
     const QString sizeText = ReadOption(QStringLiteral("Config"), QStringLiteral("DefaultFontSize"),
                                         QStringLiteral("9"));

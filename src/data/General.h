@@ -31,6 +31,9 @@ qint32 WriteOption(const QString &section, const QString &key, const QString &va
 // font name and, when greater than 8, size.
 void ApplyFormSettings(QWidget *form);
 
+// Places the window in the middle of its screen.
+void CentreOnScreen(QWidget *form);
+
 // The largest value of the field in the table as a whole number; 0 when the
 // table is empty or the read fails.
 qint32 GetMaxValue(const QString &table, const QString &field, const QSqlDatabase &connection);

@@ -1,5 +1,7 @@
 #include "data/Conversions.h"
 
+#include "TestSupport.h"
+
 #include <zolt/Error.h>
 
 #include <gtest/gtest.h>
@@ -9,19 +11,7 @@
 
 using namespace zolt;
 
-namespace {
-
-qint32 errorNumberOf(const std::function<void()> &f)
-{
-    try {
-        f();
-    } catch (const Error &e) {
-        return e.number();
-    }
-    return 0;
-}
-
-} // namespace
+using test::errorNumberOf;
 
 TEST(DoubleToText, PlainFormBetweenOneTenThousandthAndTenToTheFifteen)
 {

@@ -9,19 +9,7 @@
 
 using namespace zolt;
 
-namespace {
-
-qint32 errorNumberOf(const std::function<void()> &f)
-{
-    try {
-        f();
-    } catch (const Error &e) {
-        return e.number();
-    }
-    return 0;
-}
-
-} // namespace
+using test::errorNumberOf;
 
 TEST(FixQuote, DoublesApostrophesAndDoubleQuotes)
 {

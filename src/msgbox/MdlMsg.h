@@ -1,0 +1,18 @@
+#pragma once
+
+// The library's message box: shows Message with one of the six button sets
+// and an icon, and returns the answer code as text ("1" OK, "6" Yes, "0" for
+// every second or third button; see MessageBox).
+
+#include <QString>
+
+namespace zolt {
+
+// Title "" becomes the application's display name and is written back.
+QString ShowMgBox(const QString &Message, qint32 Button, QString &Title, qint32 icon = 0,
+                  bool RightToLeft = false);
+QString ShowMgBox(const QString &Message, qint32 Button, const QString &Title, qint32 icon = 0,
+                  bool RightToLeft = false);
+QString ShowMgBox(const QString &Message, qint32 Button = 0);
+
+} // namespace zolt
