@@ -70,7 +70,10 @@ void whenModalShows(std::function<void(QWidget *)> action, int timeoutMs)
     auto *waited = new QElapsedTimer;
     waited->start();
     QObject::connect(timer, &QTimer::timeout, timer, [timer, waited, action, timeoutMs] {
+        // Act once the dialog is up and has the keyboard, as a user would.
         QWidget *modal = QApplication::activeModalWidget();
+        if (modal && !modal->isActiveWindow())
+            modal = nullptr;
         if (!modal && waited->elapsed() < timeoutMs)
             return;
         timer->stop();

@@ -91,6 +91,14 @@ QString DriverSql(const QSqlDatabase &db, const QString &sql)
     return readsHashDates(db) ? sql : RewriteDateLiterals(sql);
 }
 
+bool BreaksQuotedLiteral(const QSqlDatabase &db, const QString &text)
+{
+    const bool backslashEscapes = db.driverName() == QLatin1String("QMYSQL")
+                                  || db.driverName() == QLatin1String("QMARIADB");
+    return text.contains(QLatin1Char('\'')) || text.contains(QChar(0))
+           || (backslashEscapes && text.contains(QLatin1Char('\\')));
+}
+
 void Execute(const QString &sql, const QSqlDatabase &db)
 {
     if (!db.isOpen())

@@ -23,6 +23,11 @@ QString DriverSql(const QSqlDatabase &db, const QString &sql);
 // reads such literals. A literal that is no date is left as it stands.
 QString RewriteDateLiterals(const QString &sql);
 
+// True when text, put unescaped between apostrophes, would end the literal
+// early on db: it holds an apostrophe, a NUL, or a backslash where the
+// database reads backslash escapes. Such text never reaches the database.
+bool BreaksQuotedLiteral(const QSqlDatabase &db, const QString &text);
+
 // Runs an INSERT, UPDATE or DELETE on db; a failure raises zolt::Error with
 // the database failure number and the driver's message.
 void Execute(const QString &sql, const QSqlDatabase &db = CurrentConnection);

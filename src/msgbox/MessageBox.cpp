@@ -1,11 +1,11 @@
 #include "msgbox/MessageBox.h"
 
 #include "data/General.h"
+#include "data/KeyPreview.h"
 #include "data/OleColor.h"
 
 #include <QApplication>
 #include <QFrame>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPushButton>
@@ -107,10 +107,13 @@ MessageBox::MessageBox(QWidget *parent)
     // The designed tab order puts the second button first, so that a hasty
     // Enter does not answer yes to a question.
     m_tabOrder = {Cmd2, Cmd3, Cmd1};
-    for (QPushButton *button : {Cmd1, Cmd2, Cmd3}) {
+    for (QPushButton *button : {Cmd1, Cmd2, Cmd3})
         button->setAutoDefault(true);
-        button->installEventFilter(this);
-    }
+    // A letter typed without Alt presses the button it is the mnemonic of.
+    new KeyPreview(this, [](int &keyAscii) {
+        if (keyAscii > 32)
+            PressKey(QChar(keyAscii).toUpper().unicode(), 3);
+    });
     for (QLabel *band : {label4, Label5})
         band->installEventFilter(this);
     connect(Cmd1, &QPushButton::clicked, this, [this] { answer(GetReturn1(Tag(Cmd1))); });
@@ -239,12 +242,6 @@ bool MessageBox::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == label4 || watched == Label5)
         return dragByTitleBand(event);
-    if (event->type() == QEvent::KeyPress) {
-        // A letter typed without Alt presses the button it is the mnemonic of.
-        const QString text = static_cast<QKeyEvent *>(event)->text();
-        if (!text.isEmpty() && text.at(0).unicode() > 32)
-            PressKey(text.at(0).toUpper().unicode(), 3);
-    }
     return QDialog::eventFilter(watched, event);
 }
 

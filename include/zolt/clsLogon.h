@@ -1,0 +1,48 @@
+#pragma once
+
+#include <zolt/zolt_export.h>
+
+#include <QSqlDatabase>
+#include <QString>
+
+#include <memory>
+
+namespace zolt {
+
+// The host's entry into the logon: hand it the open database, get back the
+// code of the user who logged on. The message box of the library is offered
+// here as well.
+class ZOLT_EXPORT clsLogon {
+public:
+    clsLogon();
+    ~clsLogon();
+    clsLogon(const clsLogon &) = delete;
+    clsLogon &operator=(const clsLogon &) = delete;
+
+    // Shows the logon dialog on Connection (which becomes the library's
+    // connection) and returns the Code of the user in table [User] who logged
+    // on, or 0 when the dialog was cancelled or closed. A QSqlDatabase without
+    // a driver raises zolt::Error 13 before anything shows.
+    qint32 ShowLogon(const QSqlDatabase &Connection);
+
+    // Shows Message with button set Button (0 OK ... 5 Retry/Cancel, see
+    // zolt::Buttons) and icon (see zolt::IconValue), and returns the answer
+    // code as text: "1" OK, "6" Yes, "3" Abort, "4" Retry for the first
+    // button, "0" for the others. An empty Title becomes the application's
+    // display name and is written back.
+    QString MgBox(const QString &Message, qint32 Button, QString &Title, qint32 icon = 0,
+                  bool RightToLeft = false);
+    QString MgBox(const QString &Message, qint32 Button, const QString &Title, qint32 icon = 0,
+                  bool RightToLeft = false);
+    QString MgBox(const QString &Message, qint32 Button = 0);
+
+    // The font name the library's dialogs use, until the next dialog reads
+    // the configured one again.
+    void SetDfFont(const QString &F1);
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+};
+
+} // namespace zolt

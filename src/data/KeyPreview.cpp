@@ -1,0 +1,46 @@
+#include "data/KeyPreview.h"
+
+#include "data/General.h"
+
+#include <QKeyEvent>
+#include <QTimer>
+#include <QWidget>
+
+namespace zolt {
+
+KeyPreview::KeyPreview(QWidget *form, Handler handler)
+    : QObject(form)
+    , m_handler(std::move(handler))
+{
+    form->installEventFilter(this);
+    for (QWidget *control : form->findChildren<QWidget *>())
+        control->installEventFilter(this);
+}
+
+bool KeyPreview::eventFilter(QObject *watched, QEvent *event)
+{
+    // A key reaches the focused control first and may then travel up to the
+    // form; the form sees it once, on its first stop.
+    auto *form = static_cast<QWidget *>(parent());
+    QWidget *first = form->focusWidget() ? form->focusWidget() : form;
+    if (event->type() == QEvent::KeyPress && watched == first) {
+        const QString text = static_cast<QKeyEvent *>(event)->text();
+        if (!text.isEmpty()) {
+            int keyAscii = text.at(0).unicode();
+            m_handler(keyAscii);
+            if (keyAscii == 0)
+                return true;
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void EnterMovesToNextControl(QWidget *form)
+{
+    new KeyPreview(form, [](int &keyAscii) {
+        if (keyAscii == 13)
+            QTimer::singleShot(0, [] { PressKey(9, 0); });
+    });
+}
+
+} // namespace zolt

@@ -1,0 +1,126 @@
+#include "logon/FrmLogon.h"
+
+#include "data/Conversions.h"
+#include "data/Database.h"
+#include "data/General.h"
+#include "data/KeyPreview.h"
+#include "logon/MdlLogon.h"
+#include "msgbox/MdlMsg.h"
+#include "search/MFind.h"
+
+#include <zolt/Error.h>
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace zolt {
+
+namespace {
+
+const QString NotFound = QStringLiteral("Mật khẩu hoặc người sử dụng không hợp lệ ");
+const QString Failed = QStringLiteral("Mật khẩu hoặc người sử dụng không hợp lệ");
+
+} // namespace
+
+FrmLogon::FrmLogon(QWidget *parent)
+    : QDialog(parent)
+{
+    setObjectName(QStringLiteral("FrmLogon"));
+    setWindowTitle(QStringLiteral("Login"));
+    setFont(QFont(QStringLiteral("VK Sans Serif")));
+
+    Label1 = new QLabel(QStringLiteral("Người sử dụng"), this);
+    Label1->setObjectName(QStringLiteral("Label1"));
+    Txtuser = new QLineEdit(this);
+    Txtuser->setObjectName(QStringLiteral("Txtuser"));
+    Label2 = new QLabel(QStringLiteral("Mật khẩu"), this);
+    Label2->setObjectName(QStringLiteral("Label2"));
+    TxtPass = new QLineEdit(this);
+    TxtPass->setObjectName(QStringLiteral("TxtPass"));
+    TxtPass->setEchoMode(QLineEdit::Password);
+    TxtPass->setStyleSheet(QStringLiteral("QLineEdit { lineedit-password-character: 42; }"));   // "*"
+    CmdOk = new QPushButton(QStringLiteral("Đồng ý"), this);
+    CmdOk->setObjectName(QStringLiteral("CmdOk"));
+    CmdOk->setToolTip(QStringLiteral("Click here to Logon!"));
+    CmdCan = new QPushButton(QStringLiteral("Thoát"), this);
+    CmdCan->setObjectName(QStringLiteral("CmdCan"));
+    CmdHelp = new QPushButton(QStringLiteral("Hướng dẫn"), this);
+    CmdHelp->setObjectName(QStringLiteral("CmdHelp"));
+    Image1 = new QLabel(this);
+    Image1->setObjectName(QStringLiteral("Image1"));
+    Image1->setPixmap(QPixmap(QStringLiteral(":/zolt/logon.png")));
+    Image1->setAlignment(Qt::AlignTop | Qt::AlignHCenter);
+
+    auto *fields = new QGridLayout;
+    fields->addWidget(Label1, 0, 0);
+    fields->addWidget(Txtuser, 0, 1);
+    fields->addWidget(Label2, 1, 0);
+    fields->addWidget(TxtPass, 1, 1);
+    fields->setColumnMinimumWidth(1, 180);
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch();
+    for (QPushButton *button : {CmdOk, CmdCan, CmdHelp}) {
+        button->setMinimumWidth(90);
+        buttons->addWidget(button);
+    }
+    auto *layout = new QGridLayout(this);
+    layout->setContentsMargins(16, 16, 16, 12);
+    layout->setHorizontalSpacing(16);
+    layout->setVerticalSpacing(14);
+    layout->addWidget(Image1, 0, 0, 2, 1);
+    layout->addLayout(fields, 0, 1);
+    layout->addLayout(buttons, 1, 1);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+
+    UserCode = 0;
+    CmdOk->setEnabled(false);
+    connect(Txtuser, &QLineEdit::textChanged, this,
+            [this](const QString &text) { CmdOk->setEnabled(!Trim(text).isEmpty()); });
+    connect(CmdOk, &QPushButton::clicked, this, &FrmLogon::CmdOk_Click);
+    connect(CmdCan, &QPushButton::clicked, this, [this] {
+        UserCode = 0;
+        reject();
+    });
+    EnterMovesToNextControl(this);
+    ApplyFormSettings(this);
+}
+
+FrmLogon::~FrmLogon() = default;
+
+void FrmLogon::CmdOk_Click()
+{
+    const QString user = Trim(Txtuser->text());
+    try {
+        // A quote in the name would end its literal: such a name is refused
+        // before the database sees it, as a statement that failed would be.
+        if (BreaksQuotedLiteral(CurrentConnection, user))
+            throw Error(Error::DatabaseFailure);
+        const QString sql = QStringLiteral("SELECT  *  FROM [User] WHERE ([Name]='") + user
+                            + QStringLiteral("') And ( [Password]=")
+                            + DoubleToText(EncodePassword(Trim(TxtPass->text()))) + QLatin1Char(')');
+        Recordset rs;
+        if (OpenQuery(rs, sql) != 0)
+            throw Error(Error::DatabaseFailure, rs.LastErrorText());
+        if (!HasRows(rs)) {
+            refuse(NotFound, 0);
+            return;
+        }
+        UserCode = RoundToLong(ToDouble(rs.Value(0)));
+        accept();
+    } catch (const Error &) {
+        refuse(Failed, 1);
+    }
+}
+
+// Tells the user and selects the name for another try.
+void FrmLogon::refuse(const QString &message, int selectionStart)
+{
+    ShowMgBox(message, 0, QStringLiteral("Login"), 0, false);
+    Txtuser->setFocus();
+    Txtuser->setSelection(selectionStart, Txtuser->text().size());
+}
+
+} // namespace zolt

@@ -1,0 +1,58 @@
+#include <zolt/clsLogon.h>
+
+#include "data/Database.h"
+#include "data/General.h"
+#include "logon/FrmLogon.h"
+#include "msgbox/MdlMsg.h"
+
+#include <zolt/Error.h>
+
+namespace zolt {
+
+namespace {
+
+// Every entry point that takes a connection makes it the library's first.
+void useConnection(const QSqlDatabase &connection)
+{
+    if (!connection.isValid())
+        throw Error(Error::TypeMismatch);
+    CurrentConnection = connection;
+}
+
+} // namespace
+
+struct clsLogon::Private {};
+
+clsLogon::clsLogon() = default;
+clsLogon::~clsLogon() = default;
+
+qint32 clsLogon::ShowLogon(const QSqlDatabase &Connection)
+{
+    useConnection(Connection);
+    FrmLogon logon;
+    logon.exec();
+    return logon.UserCode;
+}
+
+QString clsLogon::MgBox(const QString &Message, qint32 Button, QString &Title, qint32 icon, bool RightToLeft)
+{
+    return ShowMgBox(Message, Button, Title, icon, RightToLeft);
+}
+
+QString clsLogon::MgBox(const QString &Message, qint32 Button, const QString &Title, qint32 icon,
+                        bool RightToLeft)
+{
+    return ShowMgBox(Message, Button, Title, icon, RightToLeft);
+}
+
+QString clsLogon::MgBox(const QString &Message, qint32 Button)
+{
+    return ShowMgBox(Message, Button);
+}
+
+void clsLogon::SetDfFont(const QString &F1)
+{
+    DefaultFontName = F1;
+}
+
+} // namespace zolt
