@@ -8,6 +8,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QTimer>
+#include <QSqlDriver>
 #include <QSqlError>
 #include <QTest>
 #include <QSqlQuery>
@@ -15,6 +16,8 @@
 #include <QWidget>
 
 #include <gtest/gtest.h>
+
+#include <sqlite3.h>
 
 namespace zolt::test {
 
@@ -26,6 +29,13 @@ TempDatabase::TempDatabase()
     db.setDatabaseName(m_path);
     EXPECT_TRUE(db.open()) << db.lastError().text().toStdString();
     CurrentConnection = db;
+    auto *handle = *static_cast<sqlite3 *const *>(db.driver()->handle().data());
+    sqlite3_trace_v2(handle, SQLITE_TRACE_STMT, [](unsigned, void *log, void *statement, void *) {
+        char *sql = sqlite3_expanded_sql(static_cast<sqlite3_stmt *>(statement));
+        static_cast<QStringList *>(log)->append(QString::fromUtf8(sql));
+        sqlite3_free(sql);
+        return 0;
+    }, m_statements.get());
 }
 
 TempDatabase::~TempDatabase()

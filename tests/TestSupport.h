@@ -2,9 +2,11 @@
 
 #include <QSqlDatabase>
 #include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 
 #include <functional>
+#include <memory>
 
 class QWidget;
 
@@ -21,6 +23,8 @@ public:
 
     QSqlDatabase db() const;
     QString path() const { return m_path; }
+    // Every statement SQLite runs on this database from now on, as it ran it.
+    const QStringList &statements() const { return *m_statements; }
     // Runs statements that set up a test; fails the test on an error.
     void exec(const QString &sql) const;
     // The first column of the first row of a query.
@@ -28,6 +32,7 @@ public:
 
 private:
     QTemporaryDir m_dir;
+    std::unique_ptr<QStringList> m_statements = std::make_unique<QStringList>();
     QString m_name;
     QString m_path;
 };

@@ -3,6 +3,7 @@
 #include "data/General.h"
 
 #include <QKeyEvent>
+#include <QPushButton>
 #include <QTimer>
 #include <QWidget>
 
@@ -37,9 +38,17 @@ bool KeyPreview::eventFilter(QObject *watched, QEvent *event)
 
 void EnterMovesToNextControl(QWidget *form)
 {
-    new KeyPreview(form, [](int &keyAscii) {
-        if (keyAscii == 13)
-            QTimer::singleShot(0, [] { PressKey(9, 0); });
+    new KeyPreview(form, [form](int &keyAscii) {
+        if (keyAscii != 13)
+            return;
+        // A dialog makes its first button the default, so that Enter anywhere
+        // would press it; here Enter moves on, and only a focused button
+        // answers it.
+        for (QPushButton *button : form->findChildren<QPushButton *>()) {
+            if (!button->hasFocus())
+                button->setDefault(false);
+        }
+        QTimer::singleShot(0, [] { PressKey(9, 0); });
     });
 }
 

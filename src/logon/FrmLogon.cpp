@@ -60,6 +60,8 @@ FrmLogon::FrmLogon(QWidget *parent)
     fields->addWidget(Label2, 1, 0);
     fields->addWidget(TxtPass, 1, 1);
     fields->setColumnMinimumWidth(1, 180);
+    fields->setHorizontalSpacing(12);
+    fields->setVerticalSpacing(8);
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
     for (QPushButton *button : {CmdOk, CmdCan, CmdHelp}) {
@@ -119,6 +121,7 @@ void FrmLogon::CmdOk_Click()
 void FrmLogon::refuse(const QString &message, int selectionStart)
 {
     ShowMgBox(message, 0, QStringLiteral("Login"), 0, false);
+    activateWindow();   // the message had no owner to hand the keyboard back
     Txtuser->setFocus();
     Txtuser->setSelection(selectionStart, Txtuser->text().size());
 }
