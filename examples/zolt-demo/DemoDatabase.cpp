@@ -1,0 +1,163 @@
+#include "DemoDatabase.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QStringList>
+#include <QVariant>
+
+namespace {
+
+// Passwords are stored as the library's digest, never in clear:
+// "admin" digests to 26209 and "123" to 1065.
+constexpr double AdminDigest = 26209;
+constexpr double ClerkDigest = 1065;
+
+const char *const SampleRows[] = {
+    "ALTER TABLE Groups ADD COLUMN DanhMuc INTEGER DEFAULT 0",
+    "ALTER TABLE Groups ADD COLUMN ChungTu INTEGER DEFAULT 0",
+    "ALTER TABLE Groups ADD COLUMN BaoCao INTEGER DEFAULT 0",
+    "INSERT INTO Groups VALUES (1, 'Quản trị hệ thống', 'Mọi quyền', -1, -1, -1)",
+    "INSERT INTO Groups VALUES (8, 'Nhân viên bán hàng', 'Bán hàng và xem danh mục', 1, 6, 0)",
+    "INSERT INTO Menu VALUES (1, 'Danh mục')",
+    "INSERT INTO Menu VALUES (2, 'Chứng từ')",
+    "INSERT INTO Menu VALUES (3, 'Báo cáo')",
+    "INSERT INTO SubMenu VALUES (1, 'Hàng hoá', 1)",
+    "INSERT INTO SubMenu VALUES (2, 'Khách hàng', 1)",
+    "INSERT INTO SubMenu VALUES (3, 'Nhà cung cấp', 1)",
+    "INSERT INTO SubMenu VALUES (4, 'Phiếu nhập kho', 2)",
+    "INSERT INTO SubMenu VALUES (5, 'Phiếu xuất kho', 2)",
+    "INSERT INTO SubMenu VALUES (6, 'Hoá đơn bán hàng', 2)",
+    "INSERT INTO SubMenu VALUES (7, 'Tồn kho', 3)",
+    "INSERT INTO SubMenu VALUES (8, 'Doanh thu theo ngày', 3)",
+    "CREATE TABLE Hang (MaHang TEXT PRIMARY KEY, TenHang TEXT, DonVi TEXT, GiaBan DOUBLE, NgayNhap TEXT)",
+    "INSERT INTO LstFld VALUES (1, 'MaHang', 'Mã hàng', 'Hang', 'SELECT MaHang, TenHang FROM Hang', 10)",
+    "INSERT INTO LstFld VALUES (2, 'TenHang', 'Tên hàng', 'Hang', NULL, 10)",
+    "INSERT INTO LstFld VALUES (3, 'DonVi', 'Đơn vị tính', 'Hang', NULL, 11)",
+    "INSERT INTO LstFld VALUES (4, 'GiaBan', 'Giá bán', 'Hang', NULL, 3)",
+    "INSERT INTO LstFld VALUES (5, 'NgayNhap', 'Ngày nhập', 'Hang', NULL, 8)",
+    "INSERT INTO Operator VALUES (1, 'LIKE', 'Bắt đầu bằng', 10)",
+    "INSERT INTO Operator VALUES (2, '=', 'Bằng', 10)",
+    "INSERT INTO Operator VALUES (3, 'IN', 'Thuộc danh sách', 10)",
+    "INSERT INTO Operator VALUES (4, 'LIKE', 'Bắt đầu bằng', 11)",
+    "INSERT INTO Operator VALUES (5, '=', 'Bằng', 3)",
+    "INSERT INTO Operator VALUES (6, '>', 'Lớn hơn', 3)",
+    "INSERT INTO Operator VALUES (7, '<', 'Nhỏ hơn', 3)",
+    "INSERT INTO Operator VALUES (8, '=', 'Đúng ngày', 8)",
+    "INSERT INTO Operator VALUES (9, '>=', 'Từ ngày', 8)",
+    "INSERT INTO Operator VALUES (10, '<=', 'Đến ngày', 8)",
+};
+
+// The statements of a script whose every statement ends its line with ";".
+QStringList statementsOf(const QString &script)
+{
+    QStringList statements;
+    QString current;
+    for (const QString &line : script.split(QLatin1Char('\n'))) {
+        const QString trimmed = line.trimmed();
+        if (trimmed.startsWith(QLatin1String("--")) || trimmed.isEmpty())
+            continue;
+        current += line + QLatin1Char('\n');
+        if (trimmed.endsWith(QLatin1Char(';'))) {
+            statements << current.trimmed().chopped(1);
+            current.clear();
+        }
+    }
+    return statements;
+}
+
+bool run(QSqlDatabase &db, const QString &sql, QString &error)
+{
+    QSqlQuery query(db);
+    if (query.exec(sql))
+        return true;
+    error = query.lastError().text() + QStringLiteral("\n") + sql;
+    return false;
+}
+
+// A few thousand goods, made up from kinds, makers and packings.
+bool addGoods(QSqlDatabase &db, QString &error)
+{
+    const QStringList kinds = {
+        QStringLiteral("Bánh quy"), QStringLiteral("Cà phê"), QStringLiteral("Trà xanh"),
+        QStringLiteral("Nước mắm"), QStringLiteral("Gạo"), QStringLiteral("Đường"),
+        QStringLiteral("Sữa tươi"), QStringLiteral("Mì gói"), QStringLiteral("Dầu ăn"),
+        QStringLiteral("Nước ngọt")};
+    const QStringList makers = {
+        QStringLiteral("Hảo Hạng"), QStringLiteral("Sài Gòn"), QStringLiteral("Hà Nội"),
+        QStringLiteral("Đà Lạt"), QStringLiteral("Miền Tây"), QStringLiteral("Phú Quốc")};
+    const QStringList units = {QStringLiteral("gói"), QStringLiteral("hộp"), QStringLiteral("chai"),
+                               QStringLiteral("thùng"), QStringLiteral("kg")};
+    QSqlQuery insert(db);
+    insert.prepare(QStringLiteral("INSERT INTO Hang VALUES (?, ?, ?, ?, ?)"));
+    int n = 0;
+    for (const QString &kind : kinds) {
+        for (const QString &maker : makers) {
+            for (int grade = 1; grade <= 50; ++grade, ++n) {
+                insert.addBindValue(QStringLiteral("H%1").arg(n + 1, 5, 10, QLatin1Char('0')));
+                insert.addBindValue(QStringLiteral("%1 %2 loại %3").arg(kind, maker).arg(grade));
+                insert.addBindValue(units.at(n % units.size()));
+                insert.addBindValue(double(5000 + (n * 7919) % 495000));
+                insert.addBindValue(QStringLiteral("2026-%1-%2").arg(1 + n % 12, 2, 10, QLatin1Char('0'))
+                                        .arg(1 + n % 28, 2, 10, QLatin1Char('0')));
+                if (!insert.exec()) {
+                    error = insert.lastError().text();
+                    return false;
+                }
+            }
+        }
+    }
+    return true;
+}
+
+bool createTablesAndSamples(QSqlDatabase &db, QString &error)
+{
+    QFile schema(QStringLiteral(":/zolt-demo/zolt-sqlite.sql"));
+    if (!schema.open(QIODevice::ReadOnly)) {
+        error = QStringLiteral("the library's table script is missing");
+        return false;
+    }
+    db.transaction();
+    for (const QString &statement : statementsOf(QString::fromUtf8(schema.readAll()))) {
+        if (!run(db, statement, error))
+            return db.rollback(), false;
+    }
+    for (const char *statement : SampleRows) {
+        if (!run(db, QString::fromUtf8(statement), error))
+            return db.rollback(), false;
+    }
+    QSqlQuery users(db);
+    users.prepare(QStringLiteral("INSERT INTO [User] VALUES (?, ?, ?, ?, ?)"));
+    for (const QVariantList &user : {
+             QVariantList{1, QStringLiteral("admin"), QStringLiteral("Quản trị viên"), AdminDigest, 1},
+             QVariantList{2, QStringLiteral("banhang"), QStringLiteral("Nhân viên bán hàng"), ClerkDigest, 8}}) {
+        for (const QVariant &value : user)
+            users.addBindValue(value);
+        if (!users.exec()) {
+            error = users.lastError().text();
+            return db.rollback(), false;
+        }
+    }
+    if (!addGoods(db, error))
+        return db.rollback(), false;
+    return db.commit();
+}
+
+} // namespace
+
+QSqlDatabase openDemoDatabase(const QString &path, QString &error)
+{
+    const bool isNew = !QFileInfo::exists(path);
+    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"));
+    db.setDatabaseName(path);
+    if (!db.open()) {
+        error = db.lastError().text();
+        return db;
+    }
+    if (isNew && !createTablesAndSamples(db, error)) {
+        db.close();
+        QFile::remove(path);   // no half-made database is left for the next start
+    }
+    return db;
+}

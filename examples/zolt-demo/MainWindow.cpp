@@ -1,0 +1,142 @@
+#include "MainWindow.h"
+
+#include <zolt/Enums.h>
+#include <zolt/Tesmir.h>
+#include <zolt/clsLogon.h>
+
+#include <QCloseEvent>
+#include <QDate>
+#include <QHeaderView>
+#include <QMenuBar>
+#include <QSqlQuery>
+#include <QSqlQueryModel>
+#include <QSqlRecord>
+#include <QStatusBar>
+#include <QStyledItemDelegate>
+#include <QTableView>
+
+namespace {
+
+// Prices as a Vietnamese clerk reads them: "125.000".
+class PriceDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QString displayText(const QVariant &value, const QLocale &) const override
+    {
+        return zolt::Tesmir().CvNStr(QString::number(value.toLongLong()));
+    }
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
+    {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->displayAlignment = Qt::AlignRight | Qt::AlignVCenter;
+    }
+};
+
+// Dates are kept as ISO text and read day first.
+class DateDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QString displayText(const QVariant &value, const QLocale &) const override
+    {
+        return QDate::fromString(value.toString(), Qt::ISODate).toString(QStringLiteral("dd/MM/yyyy"));
+    }
+};
+
+QVariant scalar(const QSqlDatabase &db, const QString &sql, const QVariant &bound)
+{
+    QSqlQuery query(db);
+    query.prepare(sql);
+    query.addBindValue(bound);
+    return query.exec() && query.next() ? query.value(0) : QVariant();
+}
+
+} // namespace
+
+MainWindow::MainWindow(const QSqlDatabase &db, qint32 userCode, zolt::clsLogon &logon)
+    : m_db(db)
+    , m_logon(logon)
+{
+    setObjectName(QStringLiteral("MainWindow"));
+    setWindowTitle(QStringLiteral("Bán hàng ZOLT — Danh mục hàng hoá"));
+
+    auto *goods = new QSqlQueryModel(this);
+    goods->setQuery(QStringLiteral("SELECT MaHang, TenHang, DonVi, GiaBan, NgayNhap FROM Hang ORDER BY MaHang"), db);
+    while (goods->canFetchMore())
+        goods->fetchMore();
+    const QStringList headers = {QStringLiteral("Mã hàng"), QStringLiteral("Tên hàng"),
+                                 QStringLiteral("Đơn vị"), QStringLiteral("Giá bán"),
+                                 QStringLiteral("Ngày nhập")};
+    for (int column = 0; column < headers.size(); ++column)
+        goods->setHeaderData(column, Qt::Horizontal, headers.at(column));
+    auto *table = new QTableView(this);
+    table->setModel(goods);
+    table->setItemDelegateForColumn(3, new PriceDelegate(table));
+    table->setItemDelegateForColumn(4, new DateDelegate(table));
+    table->verticalHeader()->hide();
+    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 8);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
+    table->resizeColumnToContents(0);
+    table->setColumnWidth(3, 110);
+    setCentralWidget(table);
+
+    const QString user = scalar(db, QStringLiteral("SELECT [Name] FROM [User] WHERE Code = ?"), userCode).toString();
+    const qint32 group = scalar(db, QStringLiteral("SELECT IdGroup FROM [User] WHERE Code = ?"), userCode).toInt();
+    addRightsMenus(group);
+    addSystemMenu();
+    statusBar()->showMessage(QStringLiteral("Người sử dụng: %1   —   %2 mặt hàng")
+                                 .arg(user, zolt::Tesmir().CvNStr(QString::number(goods->rowCount()))));
+    resize(820, 520);
+}
+
+// One menu per row of Menu; a sub-menu is enabled when its bit is set in the
+// group's rights column for that menu.
+void MainWindow::addRightsMenus(qint32 group)
+{
+    QSqlQuery rights(m_db);
+    rights.prepare(QStringLiteral("SELECT * FROM Groups WHERE Code = ?"));
+    rights.addBindValue(group);
+    const bool hasRights = rights.exec() && rights.next();
+
+    QSqlQuery bars(QStringLiteral("SELECT ID, [Desc] FROM Menu ORDER BY ID"), m_db);
+    for (int bar = 0; bars.next(); ++bar) {
+        QMenu *menu = menuBar()->addMenu(QLatin1Char('&') + bars.value(1).toString());
+        const qint64 mask = hasRights ? rights.value(3 + bar).toLongLong() : 0;
+        QSqlQuery items(m_db);
+        items.prepare(QStringLiteral("SELECT [Desc] FROM SubMenu WHERE IdMenuBar = ? ORDER BY ID"));
+        items.addBindValue(bars.value(0));
+        items.exec();
+        for (int bit = 0; items.next(); ++bit) {
+            const QString name = items.value(0).toString();
+            QAction *action = menu->addAction(name, this, [this, name] {
+                m_logon.MgBox(QStringLiteral("Chức năng \u00ab%1\u00bb có trong phiên bản sau.").arg(name),
+                              zolt::vbOKOnly, QStringLiteral("Bán hàng ZOLT"), zolt::vbInformation);
+            });
+            action->setEnabled(mask & (qint64(1) << bit));
+        }
+    }
+}
+
+void MainWindow::addSystemMenu()
+{
+    QMenu *system = menuBar()->addMenu(QStringLiteral("&Hệ thống"));
+    QAction *quit = system->addAction(QStringLiteral("&Thoát"), this, &QWidget::close);
+    quit->setObjectName(QStringLiteral("actionQuit"));
+    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+}
+
+bool MainWindow::askToQuit()
+{
+    return m_logon.MgBox(QStringLiteral("Bạn có muốn thoát khỏi chương trình không?"), zolt::vbYesNo,
+                         QStringLiteral("Bán hàng ZOLT"), zolt::vbQuestion) == QLatin1String("6");
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    if (m_quitConfirmed || askToQuit()) {
+        m_quitConfirmed = true;
+        event->accept();
+    } else {
+        event->ignore();
+    }
+}

@@ -1,0 +1,68 @@
+// Bán hàng ZOLT: a small sales application that uses the ZOLT library for its
+// logon and its messages.
+#include "DemoDatabase.h"
+#include "MainWindow.h"
+#include "Tour.h"
+
+#include <zolt/Error.h>
+#include <zolt/clsLogon.h>
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QDir>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QStandardPaths>
+
+#include <cstdio>
+#include <memory>
+
+int main(int argc, char **argv)
+{
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("zolt-demo"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Bán hàng ZOLT"));
+
+    QCommandLineParser options;
+    options.setApplicationDescription(QStringLiteral("A small sales application on the ZOLT library."));
+    options.addHelpOption();
+    const QCommandLineOption database(QStringLiteral("database"),
+                                      QStringLiteral("The SQLite database to use, created when missing."),
+                                      QStringLiteral("path"));
+    const QCommandLineOption tour(QStringLiteral("tour"),
+                                  QStringLiteral("Walk through the application by script and save a picture of each step in folder."),
+                                  QStringLiteral("folder"));
+    options.addOption(database);
+    options.addOption(tour);
+    options.process(app);
+
+    QString path = options.value(database);
+    if (path.isEmpty())
+        path = QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation))
+                   .filePath(QStringLiteral("zolt-demo.db"));
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    QString error;
+    QSqlDatabase db = openDemoDatabase(path, error);
+    if (!db.isOpen()) {
+        QMessageBox::critical(nullptr, QString(), QStringLiteral("Không mở được dữ liệu %1:\n%2").arg(path, error));
+        return 1;
+    }
+
+    std::unique_ptr<Tour> walk;
+    if (options.isSet(tour)) {
+        walk = std::make_unique<Tour>(options.value(tour));
+        walk->start();
+    }
+
+    zolt::clsLogon logon;
+    const qint32 user = logon.ShowLogon(db);
+    if (user == 0)
+        return walk ? 1 : 0;
+
+    MainWindow window(db, user, logon);
+    window.show();
+    const int result = app.exec();
+    if (walk && !walk->finished())
+        return 1;
+    return result;
+}

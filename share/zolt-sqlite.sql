@@ -1,0 +1,61 @@
+-- The tables the ZOLT library reads and writes, for SQLite.
+-- Run once on a new database: every statement ends with a semicolon at the
+-- end of its line. The library composes its SQL with [bracketed] names,
+-- which SQLite reads as they stand.
+
+-- Users; the logon returns Code (column 0) and compares the password digest
+-- in Password (column 3): never the password itself.
+CREATE TABLE IF NOT EXISTS [User] (
+    Code INTEGER PRIMARY KEY AUTOINCREMENT,
+    [Name] TEXT,
+    Dec TEXT,
+    [Password] DOUBLE DEFAULT 0,
+    IdGroup INTEGER
+);
+
+-- Groups of users; groups 1 and 8 are built in. After Des comes one rights
+-- column (a whole number, one bit per sub-menu) for each row of Menu, in the
+-- order of Menu.ID: add them with ALTER TABLE Groups ADD COLUMN ... INTEGER DEFAULT 0.
+CREATE TABLE IF NOT EXISTS Groups (
+    Code INTEGER PRIMARY KEY AUTOINCREMENT,
+    [Name] TEXT,
+    Des TEXT
+);
+
+-- The host's menu bars and their sub-menus, for the menu rights.
+CREATE TABLE IF NOT EXISTS Menu (
+    ID INTEGER PRIMARY KEY,
+    [Desc] TEXT
+);
+CREATE TABLE IF NOT EXISTS SubMenu (
+    ID INTEGER PRIMARY KEY,
+    [Desc] TEXT,
+    IdMenuBar INTEGER
+);
+
+-- Settings, one row per (Section, KeyName); fonts live under section "Config".
+CREATE TABLE IF NOT EXISTS Options (
+    [Section] TEXT,
+    KeyName TEXT,
+    KeyValue TEXT,
+    Description TEXT
+);
+
+-- What the search wizard offers: the searchable fields of each table...
+CREATE TABLE IF NOT EXISTS LstFld (
+    code INTEGER,
+    [Name] TEXT,
+    [Desc] TEXT,
+    InTable TEXT,
+    Relation TEXT,
+    [Type] INTEGER
+);
+
+-- ...and the comparisons each value type allows
+-- (types 1, 3, 13 numbers; 8 dates; 10, 11 text).
+CREATE TABLE IF NOT EXISTS Operator (
+    Code INTEGER,
+    [Name] TEXT,
+    Des TEXT,
+    [Type] INTEGER
+);
