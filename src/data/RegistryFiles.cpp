@@ -1,0 +1,168 @@
+#include "data/RegistryFiles.h"
+
+#include <zolt/Enums.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QSaveFile>
+#include <QStandardPaths>
+#include <QUrl>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <optional>
+
+namespace zolt {
+
+namespace {
+
+const QString ValuesFile = QStringLiteral("values");
+
+std::optional<QString> rootFolder(qint32 root)
+{
+    const char *name = nullptr;
+    switch (root) {
+    case HK_CURRENT_USER: {
+        const QString user = qEnvironmentVariable("ZOLT_USER_REGISTRY",
+            QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)
+                + QStringLiteral("/zolt/registry"));
+        return user + QStringLiteral("/HKEY_CURRENT_USER");
+    }
+    case HK_CLASSES_ROOT: name = "HKEY_CLASSES_ROOT"; break;
+    case HK_LOCAL_MACHINE: name = "HKEY_LOCAL_MACHINE"; break;
+    case HK_USERS: name = "HKEY_USERS"; break;
+    case HK_PERFORMANCE_DATA: name = "HKEY_PERFORMANCE_DATA"; break;
+    case HK_CURRENT_CONFIG: name = "HKEY_CURRENT_CONFIG"; break;
+    case HK_DYN_DATA: name = "HKEY_DYN_DATA"; break;
+    default: return std::nullopt;
+    }
+    return qEnvironmentVariable("ZOLT_MACHINE_REGISTRY", QStringLiteral("/etc/zolt/registry"))
+           + QLatin1Char('/') + QLatin1String(name);
+}
+
+// The key's folder, or the status that says why there is none.
+qint32 keyFolder(qint32 root, const QString &path, QString &folder)
+{
+    const auto base = rootFolder(root);
+    if (!base)
+        return RegInvalidHandle;
+    folder = *base;
+    if (path.isEmpty())
+        return RegSuccess;
+    for (const QString &part : path.split(QLatin1Char('\\'))) {
+        if (part.isEmpty())
+            return RegBadPathname;
+        folder += QLatin1Char('/') + QString::fromLatin1(QUrl::toPercentEncoding(part.toLower(), " "));
+    }
+    return RegSuccess;
+}
+
+bool writable(const QString &folder)
+{
+    return ::access(QFile::encodeName(folder).constData(), W_OK) == 0;
+}
+
+bool sameName(const QString &a, const QString &b)
+{
+    return a.compare(b, Qt::CaseInsensitive) == 0;
+}
+
+struct NamedValue {
+    QString name;
+    RegValue value;
+};
+
+// One value a line: type, name (percent-encoded), data (hex).
+QList<NamedValue> readValues(const QString &folder)
+{
+    QList<NamedValue> values;
+    QFile file(folder + QLatin1Char('/') + ValuesFile);
+    if (!file.open(QIODevice::ReadOnly))
+        return values;
+    for (const QByteArray &line : file.readAll().split('\n')) {
+        const QList<QByteArray> fields = line.split('\t');
+        if (fields.size() == 3)
+            values.append({QUrl::fromPercentEncoding(fields[1]),
+                           {fields[0].toInt(), QByteArray::fromHex(fields[2])}});
+    }
+    return values;
+}
+
+bool writeValues(const QString &folder, const QList<NamedValue> &values)
+{
+    QByteArray text;
+    for (const NamedValue &v : values)
+        text += QByteArray::number(v.value.type) + '\t' + QUrl::toPercentEncoding(v.name) + '\t'
+                + v.value.data.toHex() + '\n';
+    QSaveFile file(folder + QLatin1Char('/') + ValuesFile);
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit())
+        return false;
+    // The rename itself must reach the disk before the write counts as done.
+    const int dir = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY);
+    if (dir >= 0) {
+        ::fsync(dir);
+        ::close(dir);
+    }
+    return true;
+}
+
+} // namespace
+
+qint32 FileOpenKey(qint32 root, const QString &path, bool forWriting)
+{
+    QString folder;
+    if (const qint32 status = keyFolder(root, path, folder))
+        return status;
+    if (!QFileInfo(folder).isDir())
+        return RegNotFound;
+    return forWriting && !writable(folder) ? RegAccessDenied : RegSuccess;
+}
+
+qint32 FileCreateKey(qint32 root, const QString &path)
+{
+    QString folder;
+    if (const qint32 status = keyFolder(root, path, folder))
+        return status;
+    if (!QFileInfo(folder).isDir() && !QDir().mkpath(folder))
+        return RegAccessDenied;
+    return writable(folder) ? RegSuccess : RegAccessDenied;
+}
+
+qint32 FileQueryValue(qint32 root, const QString &path, const QString &name, RegValue &value)
+{
+    QString folder;
+    if (const qint32 status = FileOpenKey(root, path, false))
+        return status;
+    keyFolder(root, path, folder);
+    for (const NamedValue &v : readValues(folder)) {
+        if (sameName(v.name, name)) {
+            value = v.value;
+            return RegSuccess;
+        }
+    }
+    return RegNotFound;
+}
+
+qint32 FileSetValue(qint32 root, const QString &path, const QString &name, const RegValue &value)
+{
+    QString folder;
+    if (const qint32 status = FileOpenKey(root, path, true))
+        return status;
+    keyFolder(root, path, folder);
+    QLockFile lock(folder + QStringLiteral("/.lock"));
+    if (!lock.lock())
+        return RegAccessDenied;
+    QList<NamedValue> values = readValues(folder);
+    const auto existing = std::find_if(values.begin(), values.end(),
+                                       [&](const NamedValue &v) { return sameName(v.name, name); });
+    if (existing != values.end())
+        existing->value = value;
+    else
+        values.append({name, value});
+    return writeValues(folder, values) ? RegSuccess : RegAccessDenied;
+}
+
+} // namespace zolt

@@ -1,0 +1,39 @@
+// Writes to the registry from a process of its own, for the tests that kill a
+// writer, race two of them, or write without rights:
+//   registry_tool set ROOT KEY NAME VALUE     prints the status
+//   registry_tool loop ROOT KEY NAME COUNT    writes "NAME:i:<padding>:end" COUNT times
+//   registry_tool dsn NAME                    registers a SQL Server data source
+#include "data/Registry.h"
+
+#include <zolt/clsRegistry.h>
+
+#include <QCoreApplication>
+#include <QStringList>
+
+#include <cstdio>
+
+int main(int argc, char **argv)
+{
+    QCoreApplication app(argc, argv);
+    const QStringList args = app.arguments();
+    const QString command = args.value(1);
+    if (command == QLatin1String("dsn")) {
+        zolt::clsRegistry().Create_DSN(args.value(2), QStringLiteral("d"), QStringLiteral("db"),
+                                       QStringLiteral("srv"), QStringLiteral("SQL Server"));
+        return 0;
+    }
+    const qint32 root = qint32(args.value(2).toLongLong(nullptr, 0));
+    const QString key = args.value(3);
+    const QString name = args.value(4);
+    if (command == QLatin1String("set")) {
+        std::printf("%d\n", zolt::clsRegistry().WriteRegEdit(root, key, name, args.value(5)));
+        return 0;
+    }
+    const QString padding(1 << 20, QLatin1Char('x'));
+    for (int i = 0; i < args.value(5).toInt(); ++i) {
+        const QString value = QStringLiteral("%1:%2:%3:end").arg(name).arg(i).arg(padding);
+        if (zolt::RegSetValue(root, key, name, zolt::RegText(value)) != 0)
+            return 1;
+    }
+    return 0;
+}
