@@ -12,13 +12,13 @@ namespace zolt {
 
 namespace {
 
-struct ButtonSpec {
+struct ButtonLook {
     const char *caption;
     const char *tag;
 };
 
 struct ButtonSet {
-    ButtonSpec buttons[3];   // Cmd1, Cmd2, Cmd3; no caption: hidden
+    ButtonLook buttons[3];   // Cmd1, Cmd2, Cmd3; no caption: hidden
 };
 
 // The six sets of the system message box, by number. In set 2 the Ignore
@@ -42,11 +42,11 @@ void placeButtons(MessageBox &box, qint32 button)
     QPushButton *controls[] = {box.Cmd1, box.Cmd2, box.Cmd3};
     int visible = 0;
     for (int i = 0; i < 3; ++i) {
-        const ButtonSpec &spec = set.buttons[i];
-        controls[i]->setVisible(spec.caption != nullptr);
-        if (spec.caption) {
-            controls[i]->setText(QString::fromUtf8(spec.caption));
-            MessageBox::SetTag(controls[i], QString::fromUtf8(spec.tag));
+        const ButtonLook &look = set.buttons[i];
+        controls[i]->setVisible(look.caption != nullptr);
+        if (look.caption) {
+            controls[i]->setText(QString::fromUtf8(look.caption));
+            MessageBox::SetTag(controls[i], QString::fromUtf8(look.tag));
             ++visible;
         }
     }
