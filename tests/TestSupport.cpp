@@ -1,19 +1,15 @@
+// SPDX-License-Identifier: MIT
 #include "TestSupport.h"
 
 #include "data/Database.h"
 
 #include <zolt/Error.h>
 
-#include <QApplication>
-#include <QDir>
-#include <QElapsedTimer>
-#include <QTimer>
+#include <QFile>
 #include <QSqlDriver>
 #include <QSqlError>
-#include <QTest>
 #include <QSqlQuery>
 #include <QUuid>
-#include <QWidget>
 
 #include <gtest/gtest.h>
 
@@ -23,12 +19,11 @@ namespace zolt::test {
 
 TempDatabase::TempDatabase()
     : m_name(QUuid::createUuid().toString())
-    , m_path(m_dir.filePath(QStringLiteral("test.db")))
 {
     QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_name);
-    db.setDatabaseName(m_path);
+    db.setDatabaseName(m_dir.filePath(QStringLiteral("test.db")));
     EXPECT_TRUE(db.open()) << db.lastError().text().toStdString();
-    CurrentConnection = db;
+    SetCurrentConnection(db);
     auto *handle = *static_cast<sqlite3 *const *>(db.driver()->handle().data());
     sqlite3_trace_v2(handle, SQLITE_TRACE_STMT, [](unsigned, void *log, void *statement, void *) {
         char *sql = sqlite3_expanded_sql(static_cast<sqlite3_stmt *>(statement));
@@ -40,9 +35,16 @@ TempDatabase::TempDatabase()
 
 TempDatabase::~TempDatabase()
 {
-    CurrentConnection = QSqlDatabase();
     QSqlDatabase::database(m_name, false).close();
+    // The library keeps no copy of the host's connection, so the host removes
+    // it without Qt's warning that it is still in use.
+    static QStringList warnings;
+    warnings.clear();
+    const QtMessageHandler previous = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext &, const QString &text) { warnings << text; });
     QSqlDatabase::removeDatabase(m_name);
+    qInstallMessageHandler(previous);
+    EXPECT_TRUE(warnings.isEmpty()) << warnings.join(QLatin1Char('\n')).toStdString();
 }
 
 QSqlDatabase TempDatabase::db() const
@@ -53,8 +55,7 @@ QSqlDatabase TempDatabase::db() const
 void TempDatabase::exec(const QString &sql) const
 {
     QSqlQuery query(db());
-    EXPECT_TRUE(query.exec(sql)) << sql.toStdString() << ": "
-                                 << query.lastError().text().toStdString();
+    EXPECT_TRUE(query.exec(sql)) << sql.toStdString() << ": " << query.lastError().text().toStdString();
 }
 
 QVariant TempDatabase::scalar(const QString &sql) const
@@ -74,45 +75,17 @@ qint32 errorNumberOf(const std::function<void()> &f)
     return 0;
 }
 
-void whenModalShows(std::function<void(QWidget *)> action, int timeoutMs)
+QByteArray readFile(const QString &path)
 {
-    auto *timer = new QTimer(qApp);
-    auto *waited = new QElapsedTimer;
-    waited->start();
-    QObject::connect(timer, &QTimer::timeout, timer, [timer, waited, action, timeoutMs] {
-        // Act once the dialog is up and has the keyboard, as a user would.
-        QWidget *modal = QApplication::activeModalWidget();
-        if (modal && !modal->isActiveWindow())
-            modal = nullptr;
-        if (!modal && waited->elapsed() < timeoutMs)
-            return;
-        timer->stop();
-        timer->deleteLater();
-        delete waited;
-        if (modal)
-            action(modal);
-        else
-            ADD_FAILURE() << "no modal dialog showed";
-    });
-    timer->start(10);
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
 }
 
-void typeText(QWidget *widget, const QString &text)
+void writeFile(const QString &path, const QByteArray &data)
 {
-    for (const QChar c : text) {
-        const Qt::Key key = c.isLetterOrNumber() && c.unicode() < 128
-                                ? Qt::Key(c.toUpper().unicode())
-                                : (c == QLatin1Char(' ') ? Qt::Key_Space : Qt::Key_unknown);
-        QTest::sendKeyEvent(QTest::Click, widget, key, QString(c), Qt::NoModifier);
-    }
-}
-
-QString saveScreenshot(QWidget *widget, const QString &name)
-{
-    QDir().mkpath(QStringLiteral(ZOLT_SCREENSHOT_DIR));
-    const QString path = QDir(QStringLiteral(ZOLT_SCREENSHOT_DIR)).filePath(name + QStringLiteral(".png"));
-    EXPECT_TRUE(widget->grab().save(path)) << path.toStdString();
-    return path;
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly)) << path.toStdString();
+    file.write(data);
 }
 
 } // namespace zolt::test

@@ -1,5 +1,7 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QByteArray>
 #include <QSqlDatabase>
 #include <QString>
 #include <QStringList>
@@ -7,8 +9,6 @@
 
 #include <functional>
 #include <memory>
-
-class QWidget;
 
 namespace zolt::test {
 
@@ -22,7 +22,7 @@ public:
     TempDatabase &operator=(const TempDatabase &) = delete;
 
     QSqlDatabase db() const;
-    QString path() const { return m_path; }
+    QString name() const { return m_name; }
     // Every statement SQLite runs on this database from now on, as it ran it.
     const QStringList &statements() const { return *m_statements; }
     // Runs statements that set up a test; fails the test on an error.
@@ -34,20 +34,13 @@ private:
     QTemporaryDir m_dir;
     std::unique_ptr<QStringList> m_statements = std::make_unique<QStringList>();
     QString m_name;
-    QString m_path;
 };
 
 // The number of the zolt::Error that f raises; 0 when it raises none.
 qint32 errorNumberOf(const std::function<void()> &f);
 
-// Runs action on the next modal dialog as soon as it shows (for dialogs that
-// block in exec()); gives up after timeoutMs.
-void whenModalShows(std::function<void(QWidget *)> action, int timeoutMs = 5000);
-
-// Types text into the widget key by key, Vietnamese letters included.
-void typeText(QWidget *widget, const QString &text);
-
-// Saves a picture of the widget under the build folder's screenshots/.
-QString saveScreenshot(QWidget *widget, const QString &name);
+// A file's bytes, "<missing>" when it cannot be read; and a file written whole.
+QByteArray readFile(const QString &path);
+void writeFile(const QString &path, const QByteArray &data);
 
 } // namespace zolt::test

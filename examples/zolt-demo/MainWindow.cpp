@@ -57,7 +57,7 @@ MainWindow::MainWindow(const QSqlDatabase &db, qint32 userCode, zolt::clsLogon &
     , m_logon(logon)
 {
     setObjectName(QStringLiteral("MainWindow"));
-    setWindowTitle(QStringLiteral("Bán hàng ZOLT — Danh mục hàng hoá"));
+    setWindowTitle(QStringLiteral("Danh mục hàng hoá"));   // Qt appends the application's name
 
     auto *goods = new QSqlQueryModel(this);
     goods->setQuery(QStringLiteral("SELECT MaHang, TenHang, DonVi, GiaBan, NgayNhap FROM Hang ORDER BY MaHang"), db);

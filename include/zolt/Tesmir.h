@@ -56,7 +56,7 @@ public:
 
 private:
     struct Private;
-    std::unique_ptr<Private> d;
+    const std::unique_ptr<Private> d;
 };
 
 } // namespace zolt

@@ -42,7 +42,7 @@ public:
 
 private:
     struct Private;
-    std::unique_ptr<Private> d;
+    const std::unique_ptr<Private> d;
 };
 
 } // namespace zolt

@@ -1,7 +1,8 @@
 #include "controls/DataCombo1.h"
 
-#include "data/KeyDelivery.h"
-#include "data/OleColor.h"
+#include "data/Conversions.h"
+#include "platform/KeyDelivery.h"
+#include "platform/OleColor.h"
 
 #include <zolt/Error.h>
 
@@ -14,9 +15,6 @@
 namespace zolt {
 
 namespace {
-
-constexpr int TwipsPerPixel = 15;
-constexpr qint32 DeleteKey = 46;
 
 int shiftState(Qt::KeyboardModifiers modifiers)
 {
@@ -178,34 +176,28 @@ void DataCombo1::SetValue(const QString &value)
     Q_EMIT PropertyChanged(QStringLiteral("Value"));
 }
 
-void DataCombo1::checkIndex(int index) const
-{
-    if (index < 0 || index >= ListCount())
-        throw Error(Error::InvalidPropertyIndex);
-}
-
 QString DataCombo1::ItemData(int index) const
 {
-    checkIndex(index);
+    CheckItemIndex(index, ListCount());
     return m_cmb2->itemText(index);
 }
 
 void DataCombo1::SetItemData(int index, const QString &data)
 {
-    checkIndex(index);
+    CheckItemIndex(index, ListCount());
     m_cmb2->setItemText(index, data);
     Q_EMIT PropertyChanged(QStringLiteral("ItemData"));
 }
 
 QString DataCombo1::List(int index) const
 {
-    checkIndex(index);
+    CheckItemIndex(index, ListCount());
     return m_cmb1->itemText(index);
 }
 
 void DataCombo1::SetList(int index, const QString &text)
 {
-    checkIndex(index);
+    CheckItemIndex(index, ListCount());
     m_cmb1->setItemText(index, text);
     Q_EMIT PropertyChanged(QStringLiteral("List"));
 }
@@ -218,18 +210,8 @@ int DataCombo1::ListCount() const
 void DataCombo1::AddItem(const QString &item, std::optional<int> index)
 {
     const int at = index.value_or(ListCount());
-    if (at < 0 || at > ListCount())
-        throw Error(Error::InvalidArgument);
-    // A combo box selects the first item put into it, and moves its selection
-    // with the rows; a list keeps its selection on the same item, silently.
-    const int selected = ListIndex();
-    const int selected2 = ListIndex1();
-    const QSignalBlocker block1(m_cmb1);
-    const QSignalBlocker block2(m_cmb2);
-    m_cmb1->insertItem(at, item);
-    m_cmb2->insertItem(at, QString());
-    m_cmb1->setCurrentIndex(selected >= at ? selected + 1 : selected);
-    m_cmb2->setCurrentIndex(selected2 >= at ? selected2 + 1 : selected2);
+    InsertKeepingSelection(m_cmb1, at, item);
+    InsertKeepingSelection(m_cmb2, at, QString());
     m_newIndex = at;
 }
 
@@ -237,18 +219,8 @@ void DataCombo1::RemoveItem(int index)
 {
     if (index < 0)
         return;
-    checkIndex(index);
-    const auto afterRemoval = [index](int selected) {
-        return selected == index ? -1 : (selected > index ? selected - 1 : selected);
-    };
-    const int selected = afterRemoval(ListIndex());
-    const int selected2 = afterRemoval(ListIndex1());
-    const QSignalBlocker block1(m_cmb1);
-    const QSignalBlocker block2(m_cmb2);
-    m_cmb1->removeItem(index);
-    m_cmb2->removeItem(index);
-    m_cmb1->setCurrentIndex(selected);
-    m_cmb2->setCurrentIndex(selected2);
+    RemoveKeepingSelection(m_cmb1, index);
+    RemoveKeepingSelection(m_cmb2, index);
 }
 
 void DataCombo1::Clear()
@@ -328,7 +300,7 @@ bool DataCombo1::handleKey(QEvent *event)
         Q_EMIT KeyUp(code, shift);
         return original != 0 && code == 0;
     }
-    if (code == DeleteKey && shift == 0)
+    if (code == VkDelete && shift == 0)
         SetListIndex(-1);
     Q_EMIT KeyDown(code, shift);
     if (original != 0 && code == 0)
@@ -346,8 +318,8 @@ void DataCombo1::handleMouse(QEvent *event)
 {
     auto *mouse = static_cast<QMouseEvent *>(event);
     const int shift = shiftState(mouse->modifiers());
-    const float x = float(mouse->position().x() * TwipsPerPixel);
-    const float y = float(mouse->position().y() * TwipsPerPixel);
+    const float x = float(mouse->position().x()) * TwipsPerPixel;
+    const float y = float(mouse->position().y()) * TwipsPerPixel;
     switch (event->type()) {
     case QEvent::MouseButtonPress:
         Q_EMIT MouseDown(buttonState(mouse->button()), shift, x, y);

@@ -83,7 +83,6 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    void checkIndex(int index) const;
     void applyColors();
     void fitHeight();
     bool handleKey(QEvent *event);

@@ -1,11 +1,15 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // The contract of a list whose every row carries a string of item data beside
-// its shown text. DataCombo1 and clsListBox offer it; FillList fills any of them.
+// its shown text. DataCombo1 and clsListBox offer it; FillList fills any of
+// them. (Lists whose rows carry a whole number follow MdGrid.)
 
 #include <QString>
 
 #include <optional>
+
+class QComboBox;
 
 namespace zolt {
 
@@ -24,5 +28,15 @@ public:
     virtual QString ItemData(int index) const = 0;
     virtual void SetItemData(int index, const QString &data) = 0;
 };
+
+// Raises error 381 unless index names one of count rows.
+void CheckItemIndex(int index, int count);
+
+// A combo box selects the first item put into it and moves its selection to a
+// neighbour of a removed item; a list keeps its selection on the same item, or
+// has none once that item is gone. These change a combo's items the way a
+// list does, without a selection signal. A bad index raises error 381.
+void InsertKeepingSelection(QComboBox *combo, int at, const QString &text);
+void RemoveKeepingSelection(QComboBox *combo, int index);
 
 } // namespace zolt

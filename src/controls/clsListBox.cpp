@@ -1,11 +1,12 @@
 #include "controls/clsListBox.h"
 
+#include "data/Conversions.h"
+
 #include <zolt/Error.h>
 
 #include <QComboBox>
 #include <QFocusEvent>
 #include <QListView>
-#include <QSignalBlocker>
 #include <QStringListModel>
 
 namespace zolt {
@@ -40,39 +41,34 @@ QAbstractItemModel *clsListBox::model() const
     return m_combo ? m_combo->model() : m_view->model();
 }
 
-void clsListBox::checkIndex(int index) const
-{
-    if (index < 0 || index >= m_itemData.size())
-        throw Error(Error::InvalidArgument);
-}
-
 void clsListBox::AddItem(const QString &item, std::optional<int> index)
 {
     const int at = index.value_or(ListCount());
-    if (at < 0 || at > ListCount())
-        throw Error(Error::InvalidArgument);
     if (m_combo) {
-        // A combo box selects the first item put into it; a list does not.
-        const int selected = m_combo->currentIndex();
-        const QSignalBlocker block(m_combo);
-        m_combo->insertItem(at, item);
-        m_combo->setCurrentIndex(selected >= at ? selected + 1 : selected);
+        InsertKeepingSelection(m_combo, at, item);
+        m_newIndex = at;
     } else {
+        CheckItemIndex(at, ListCount() + 1);
         QAbstractItemModel *rows = model();
         rows->insertRow(at);
-        rows->setData(rows->index(at, 0), item);
+        // A sorting list moves the row as soon as it has its text.
+        const QPersistentModelIndex added = rows->index(at, 0);
+        rows->setData(added, item);
+        m_newIndex = added.row();
     }
-    m_newIndex = at;
-    m_itemData.insert(at, QString());
+    m_itemData.insert(m_newIndex, QString());
 }
 
 void clsListBox::RemoveItem(int index)
 {
     if (index < 0)
         return;
-    if (index >= ListCount())
-        throw Error(Error::InvalidArgument);
-    model()->removeRow(index);
+    if (m_combo) {
+        RemoveKeepingSelection(m_combo, index);
+    } else {
+        CheckItemIndex(index, ListCount());
+        model()->removeRow(index);
+    }
     if (index < m_itemData.size())
         m_itemData.removeAt(index);
 }
@@ -89,13 +85,13 @@ void clsListBox::Clear()
 
 QString clsListBox::ItemData(int index) const
 {
-    checkIndex(index);
+    CheckItemIndex(index, m_itemData.size());
     return m_itemData.at(index);
 }
 
 void clsListBox::SetItemData(int index, const QString &data)
 {
-    checkIndex(index);
+    CheckItemIndex(index, m_itemData.size());
     m_itemData[index] = data;
 }
 
@@ -162,8 +158,7 @@ QString clsListBox::List(int index) const
 
 void clsListBox::SetList(int index, const QString &text)
 {
-    if (index < 0 || index >= ListCount())
-        throw Error(Error::InvalidPropertyIndex);
+    CheckItemIndex(index, ListCount());
     model()->setData(model()->index(index, 0), text);
 }
 
@@ -175,7 +170,7 @@ int clsListBox::ListCount() const
 int clsListBox::FindString(const QStringList &mClt, const QString &StFind)
 {
     for (int i = 0; i < mClt.size(); ++i) {
-        if (mClt.at(i).compare(StFind, Qt::CaseInsensitive) == 0)
+        if (SameText(mClt.at(i), StFind))
             return i;
     }
     return -1;
@@ -188,7 +183,7 @@ bool clsListBox::eventFilter(QObject *watched, QEvent *event)
             m_textOnEntry = Text();
         } else if (event->type() == QEvent::FocusOut
                    && static_cast<QFocusEvent *>(event)->reason() != Qt::PopupFocusReason
-                   && Text().compare(m_textOnEntry, Qt::CaseInsensitive) != 0) {
+                   && !SameText(Text(), m_textOnEntry)) {
             Q_EMIT TextChanged();
         }
     }

@@ -33,7 +33,7 @@ public:
     void RemoveItem(int index);
     void Clear() override;
 
-    // Error 5 for an index without a row.
+    // Error 381 for an index without a row.
     QString ItemData(int index) const override;
     void SetItemData(int index, const QString &data) override;
 
@@ -66,7 +66,6 @@ protected:
 
 private:
     QAbstractItemModel *model() const;
-    void checkIndex(int index) const;
 
     QPointer<QWidget> m_control;
     QComboBox *m_combo = nullptr;

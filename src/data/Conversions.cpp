@@ -172,9 +172,29 @@ QString VariantToText(const QVariant &value)
     }
 }
 
+QString NullToStr(const QVariant &value)
+{
+    return VariantToText(value);
+}
+
+qint32 LngVal(const QVariant &value)
+{
+    return IsNumeric(value) ? RoundToLong(ToDouble(value)) : 0;
+}
+
+double NumVal(const QVariant &value)
+{
+    return LngVal(value);
+}
+
 QString UCase(const QString &text)
 {
     return text.toUpper();
+}
+
+bool SameText(const QString &a, const QString &b)
+{
+    return a.compare(b, Qt::CaseInsensitive) == 0;
 }
 
 QString Trim(const QString &text)

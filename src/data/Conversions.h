@@ -41,7 +41,22 @@ std::optional<QDate> MakeDate(int day, int month, const QString &yearDigits);
 // a Boolean as "True" / "False".
 QString VariantToText(const QVariant &value);
 
+// "" for a database Null, else the value as text.
+QString NullToStr(const QVariant &value);
+
+// The value as a whole number when numeric (half to even), else 0; error 6
+// beyond the 32-bit range.
+qint32 LngVal(const QVariant &value);
+
+// The value rounded half to even to a 32-bit whole number when it is numeric,
+// else 0; error 6 beyond the 32-bit range.
+double NumVal(const QVariant &value);
+
 QString UCase(const QString &text);
+
+// True when two names are the same without regard to case, as the
+// initialisation files and the registry compare section, key and value names.
+bool SameText(const QString &a, const QString &b);
 
 // The text without the blanks (spaces only) at its ends.
 QString Trim(const QString &text);
@@ -52,5 +67,10 @@ inline int InStr(const QString &text, const QString &pattern) { return InStr(1, 
 
 // 1-based substring from start, length characters or to the end.
 QString Mid(const QString &text, int start, int length = -1);
+
+// Lengths of the classic dialogs were reckoned in twips, 15 to a pixel.
+constexpr int TwipsPerPixel = 15;
+constexpr int ToPixels(int twips) { return (twips + TwipsPerPixel / 2) / TwipsPerPixel; }
+constexpr int ToTwips(int pixels) { return pixels * TwipsPerPixel; }
 
 } // namespace zolt

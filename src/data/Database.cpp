@@ -12,10 +12,15 @@
 
 namespace zolt {
 
-QSqlDatabase CurrentConnection;
 QString CurrentConnectionString;
 
 namespace {
+
+QString &currentConnectionName()
+{
+    static QString name;
+    return name;
+}
 
 // An ODBC data source may well be the original engine, which reads #dates#.
 bool readsHashDates(const QSqlDatabase &db)
@@ -45,6 +50,16 @@ std::optional<QString> isoDate(const QString &literal)
 }
 
 } // namespace
+
+QSqlDatabase CurrentConnection()
+{
+    return QSqlDatabase::database(currentConnectionName(), false);
+}
+
+void SetCurrentConnection(const QSqlDatabase &connection)
+{
+    currentConnectionName() = connection.connectionName();
+}
 
 QString RewriteDateLiterals(const QString &sql)
 {

@@ -9,8 +9,11 @@
 namespace zolt {
 
 // The connection every query of the library runs on. Public entry points
-// replace it with the host's; the library never opens or closes it.
-extern QSqlDatabase CurrentConnection;
+// replace it with the host's; the library never opens or closes it. Only the
+// connection's name is kept, never a copy, so that the host can remove its
+// connection when it is done.
+QSqlDatabase CurrentConnection();
+void SetCurrentConnection(const QSqlDatabase &connection);
 // The description of CurrentConnection, where an entry point keeps it.
 extern QString CurrentConnectionString;
 
@@ -30,6 +33,6 @@ bool BreaksQuotedLiteral(const QSqlDatabase &db, const QString &text);
 
 // Runs an INSERT, UPDATE or DELETE on db; a failure raises zolt::Error with
 // the database failure number and the driver's message.
-void Execute(const QString &sql, const QSqlDatabase &db = CurrentConnection);
+void Execute(const QString &sql, const QSqlDatabase &db = CurrentConnection());
 
 } // namespace zolt

@@ -1,6 +1,7 @@
 #include "data/KeyPreview.h"
 
 #include "data/General.h"
+#include "platform/KeyDelivery.h"
 
 #include <QKeyEvent>
 #include <QPushButton>
@@ -39,7 +40,7 @@ bool KeyPreview::eventFilter(QObject *watched, QEvent *event)
 void EnterMovesToNextControl(QWidget *form)
 {
     new KeyPreview(form, [form](int &keyAscii) {
-        if (keyAscii != 13)
+        if (keyAscii != VkReturn)
             return;
         // A dialog makes its first button the default, so that Enter anywhere
         // would press it; here Enter moves on, and only a focused button
@@ -48,7 +49,7 @@ void EnterMovesToNextControl(QWidget *form)
             if (!button->hasFocus())
                 button->setDefault(false);
         }
-        QTimer::singleShot(0, [] { PressKey(9, 0); });
+        QTimer::singleShot(0, [] { PressKey(VkTab, 0); });
     });
 }
 

@@ -1,13 +1,33 @@
+// SPDX-License-Identifier: MIT
 #include "data/MdGrid.h"
 
+#include <QComboBox>
 #include <QListWidget>
 
 namespace zolt {
 
+namespace {
+
+qint32 keyAt(const QAbstractItemModel *model, int row)
+{
+    return row >= 0 && row < model->rowCount() ? model->index(row, 0).data(ItemDataRole).toInt() : 0;
+}
+
+int findKey(const QAbstractItemModel *model, qint32 value)
+{
+    for (int row = 0; row < model->rowCount(); ++row) {
+        if (keyAt(model, row) == value)
+            return row;
+    }
+    return -1;
+}
+
+} // namespace
+
 void AddListItem(QListWidget *list, qint32 itemData, const QString &text)
 {
     auto *item = new QListWidgetItem(text, list);
-    item->setData(Qt::UserRole, itemData);
+    item->setData(ItemDataRole, itemData);
 }
 
 void SetListText(QListWidget *list, const QString &text)
@@ -35,8 +55,27 @@ QString TakeSelected(QListWidget *list, qint32 &count)
 
 qint32 ListItemData(const QListWidget *list, int row)
 {
-    const QListWidgetItem *item = list->item(row);
-    return item ? item->data(Qt::UserRole).toInt() : 0;
+    return keyAt(list->model(), row);
+}
+
+int FindItemData(const QListWidget *list, qint32 value)
+{
+    return findKey(list->model(), value);
+}
+
+int FindItemData(const QComboBox *list, qint32 value)
+{
+    return findKey(list->model(), value);
+}
+
+qint32 SelectedItemData(const QListWidget *list)
+{
+    return keyAt(list->model(), list->currentRow());
+}
+
+qint32 SelectedItemData(const QComboBox *list)
+{
+    return keyAt(list->model(), list->currentIndex());
 }
 
 } // namespace zolt

@@ -17,7 +17,7 @@ class Recordset {
 public:
     // Opens the SELECT on db (the library's connection by default); returns 0,
     // or the database failure number when the statement could not run.
-    qint32 Open(const QString &sql, const QSqlDatabase &db = CurrentConnection);
+    qint32 Open(const QString &sql, const QSqlDatabase &db = CurrentConnection());
     void Close();
 
     bool IsOpen() const { return m_query.has_value(); }

@@ -1,7 +1,6 @@
 #include "data/SqlFunc.h"
 
 #include "data/Conversions.h"
-#include "data/General.h"
 
 #include <zolt/Error.h>
 

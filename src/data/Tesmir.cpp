@@ -1,8 +1,8 @@
 #include <zolt/Tesmir.h>
 
 #include "data/Conversions.h"
-#include "data/IniFile.h"
-#include "data/KeyDelivery.h"
+#include "platform/IniFile.h"
+#include "platform/KeyDelivery.h"
 
 #include <QDesktopServices>
 #include <QFile>
@@ -40,9 +40,9 @@ bool copyContents(QFile &from, QSaveFile &to)
 qint32 modifierKey(qint32 shift)
 {
     switch (shift) {
-    case 1: return 16;   // Shift
-    case 2: return 17;   // Ctrl
-    case 3: return 18;   // Alt
+    case 1: return VkShift;
+    case 2: return VkControl;
+    case 3: return VkMenu;
     default: return 0;   // no real key
     }
 }
@@ -51,7 +51,11 @@ qint32 modifierKey(qint32 shift)
 
 struct Tesmir::Private {};
 
-Tesmir::Tesmir() = default;
+Tesmir::Tesmir()
+    : d(std::make_unique<Private>())
+{
+}
+
 Tesmir::~Tesmir() = default;
 
 QString Tesmir::GetUSName() const
@@ -100,11 +104,11 @@ void Tesmir::Gui_Phim(qint32 Key, qint32 Shift) const
 {
     const qint32 modifier = modifierKey(Shift);
     if (Shift > 0)
-        ESendKey(modifier, 0);
-    ESendKey(Key, 0);
-    ESendKey(Key, 2);
+        ESendKey(modifier, KeyStrokeDown);
+    ESendKey(Key, KeyStrokeDown);
+    ESendKey(Key, KeyStrokeUp);
     if (Shift > 0)
-        ESendKey(modifier, 2);
+        ESendKey(modifier, KeyStrokeUp);
 }
 
 qint32 Tesmir::WinHelp(qint32 /*hWnd*/, const QString &lpHelpFile, qint32 wCommand,

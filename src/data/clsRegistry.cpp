@@ -1,7 +1,7 @@
 #include <zolt/clsRegistry.h>
 
 #include "data/Conversions.h"
-#include "data/Registry.h"
+#include "platform/Registry.h"
 
 #include <zolt/Enums.h>
 #include <zolt/Error.h>
@@ -59,7 +59,11 @@ void writeAll(qint32 root, const QString &key, Values values)
 
 struct clsRegistry::Private {};
 
-clsRegistry::clsRegistry() = default;
+clsRegistry::clsRegistry()
+    : d(std::make_unique<Private>())
+{
+}
+
 clsRegistry::~clsRegistry() = default;
 
 bool clsRegistry::GetKeyValue(qint32 KeyRoot, const QString &KeyName, const QString &ValueName,

@@ -98,7 +98,7 @@ void FrmLogon::CmdOk_Click()
     try {
         // A quote in the name would end its literal: such a name is refused
         // before the database sees it, as a statement that failed would be.
-        if (BreaksQuotedLiteral(CurrentConnection, user))
+        if (BreaksQuotedLiteral(CurrentConnection(), user))
             throw Error(Error::DatabaseFailure);
         const QString sql = QStringLiteral("SELECT  *  FROM [User] WHERE ([Name]='") + user
                             + QStringLiteral("') And ( [Password]=")

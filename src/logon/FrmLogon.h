@@ -20,6 +20,10 @@ public:
     // The Code of the user who logged on; 0 while nobody has.
     qint32 UserCode = 0;
 
+private:
+    void CmdOk_Click();
+    void refuse(const QString &message, int selectionStart);
+
     QLabel *Label1;
     QLineEdit *Txtuser;
     QLabel *Label2;
@@ -28,10 +32,6 @@ public:
     QPushButton *CmdCan;
     QPushButton *CmdHelp;
     QLabel *Image1;
-
-private:
-    void CmdOk_Click();
-    void refuse(const QString &message, int selectionStart);
 };
 
 } // namespace zolt

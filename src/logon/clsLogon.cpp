@@ -16,14 +16,18 @@ void useConnection(const QSqlDatabase &connection)
 {
     if (!connection.isValid())
         throw Error(Error::TypeMismatch);
-    CurrentConnection = connection;
+    SetCurrentConnection(connection);
 }
 
 } // namespace
 
 struct clsLogon::Private {};
 
-clsLogon::clsLogon() = default;
+clsLogon::clsLogon()
+    : d(std::make_unique<Private>())
+{
+}
+
 clsLogon::~clsLogon() = default;
 
 qint32 clsLogon::ShowLogon(const QSqlDatabase &Connection)

@@ -1,8 +1,13 @@
+// SPDX-License-Identifier: MIT
 #include "msgbox/MessageBox.h"
 
+#include "data/Conversions.h"
 #include "data/General.h"
 #include "data/KeyPreview.h"
-#include "data/OleColor.h"
+#include "platform/KeyDelivery.h"
+#include "platform/OleColor.h"
+
+#include <zolt/Enums.h>
 
 #include <QApplication>
 #include <QFrame>
@@ -10,6 +15,8 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QWindow>
+
+#include <array>
 
 namespace zolt {
 
@@ -21,29 +28,49 @@ namespace {
 constexpr int ButtonWidth = 1350;
 constexpr int ButtonHeight = 390;
 constexpr int ButtonGap = 50;
+constexpr int RowLeft = 300;
 constexpr int BandHeight = 330;
 constexpr int IconLeft = 240;
 constexpr int IconSize = 480;
 constexpr int MessageLeft = IconLeft + IconSize + 240;
 constexpr int ContentTop = BandHeight + 240;
+constexpr int Margin = 150;   // between the message and the buttons, and under them
 // The message is never so narrow that three buttons would not fit under it,
 // and wraps rather than growing wider than this.
-constexpr int MessageMinWidth = 3 * ButtonWidth + 2 * ButtonGap + 2 * 300 - MessageLeft - 100;
+constexpr int MessageMinWidth = 3 * ButtonWidth + 2 * ButtonGap + 2 * RowLeft - MessageLeft - 100;
 constexpr int MessageMaxWidth = 9000;
 
-// Every caption a button can carry, for sizing the buttons to the font.
-const QStringList Captions = {
-    QStringLiteral("Đồ&ng ý"), QStringLiteral("&Bỏ qua"), QStringLiteral("Bỏ &dở"),
-    QStringLiteral("&Thử lại"), QStringLiteral("&Bác bỏ"), QStringLiteral("&Có"),
-    QStringLiteral("&Không"),
+// A button as a set shows it: caption and tag; no caption hides it.
+struct ButtonLook {
+    const char *caption;
+    const char *tag;
 };
 
-QPushButton *makeButton(QWidget *parent, const char *name, const QString &caption,
-                        const QString &tag, int left)
+constexpr ButtonLook Ok = {"Đồ&ng ý", "OK"};
+constexpr ButtonLook Cancel = {"&Bỏ qua", "CAN"};
+constexpr ButtonLook Abort = {"Bỏ &dở", "ABO"};
+constexpr ButtonLook Retry = {"&Thử lại", "RET"};
+constexpr ButtonLook Ignore = {"&Bác bỏ", "ABO"};   // the Abort tag: decoded as the others are
+constexpr ButtonLook Yes = {"&Có", "YES"};
+constexpr ButtonLook No = {"&Không", "NO"};
+constexpr ButtonLook Hidden = {nullptr, nullptr};
+
+// Cmd1, Cmd2 and Cmd3 of the six sets of the system message box, by number.
+constexpr std::array<std::array<ButtonLook, 3>, 6> Sets = {{
+    {Ok, Hidden, Hidden},
+    {Ok, Cancel, Hidden},
+    {Abort, Retry, Ignore},
+    {Yes, No, Cancel},
+    {Yes, No, Hidden},
+    {Retry, Cancel, Hidden},
+}};
+
+QPushButton *makeButton(QWidget *parent, const char *name, const ButtonLook &look, int left)
 {
-    auto *button = new QPushButton(caption, parent);
+    auto *button = new QPushButton(QString::fromUtf8(look.caption), parent);
     button->setObjectName(QLatin1String(name));
-    MessageBox::SetTag(button, tag);
+    button->setProperty("Tag", QString::fromUtf8(look.tag));
+    button->setAutoDefault(true);
     button->setGeometry(ToPixels(left), 0, ToPixels(ButtonWidth), ToPixels(ButtonHeight));
     return button;
 }
@@ -58,14 +85,19 @@ QFrame *makeLine(QWidget *parent, const char *name, QFrame::Shape shape)
     return line;
 }
 
-QLabel *makePicture(QWidget *parent, const char *name, const QString &resource)
+QLabel *makePicture(QWidget *parent, const char *name, const QString &resource, bool shown)
 {
     auto *picture = new QLabel(parent);
     picture->setObjectName(QLatin1String(name));
     picture->setPixmap(QPixmap(resource));
     picture->setGeometry(ToPixels(IconLeft), ToPixels(ContentTop), ToPixels(IconSize), ToPixels(IconSize));
+    picture->setVisible(shown);
     return picture;
 }
+
+int leftTw(const QWidget *w) { return ToTwips(w->x()); }
+int widthTw(const QWidget *w) { return ToTwips(w->width()); }
+void setLeftTw(QWidget *w, int twips) { w->move(ToPixels(twips), w->y()); }
 
 } // namespace
 
@@ -74,11 +106,9 @@ MessageBox::MessageBox(QWidget *parent)
 {
     setObjectName(QStringLiteral("MessageBox"));
     setFont(QFont(QStringLiteral("VK Sans Serif")));
-    Cmd3 = makeButton(this, "Cmd3", QStringLiteral("&Thử lại"), QStringLiteral("RET"),
-                      300 + 2 * (ButtonWidth + ButtonGap));
-    Cmd1 = makeButton(this, "Cmd1", QStringLiteral("Đồ&ng ý"), QStringLiteral("OK"), 300);
-    Cmd2 = makeButton(this, "Cmd2", QStringLiteral("&Bỏ qua"), QStringLiteral("CAN"),
-                      300 + ButtonWidth + ButtonGap);
+    Cmd3 = makeButton(this, "Cmd3", Retry, RowLeft + 2 * (ButtonWidth + ButtonGap));
+    Cmd1 = makeButton(this, "Cmd1", Ok, RowLeft);
+    Cmd2 = makeButton(this, "Cmd2", Cancel, RowLeft + ButtonWidth + ButtonGap);
 
     Label5 = new QLabel(this);   // the title band, under the title
     Label5->setObjectName(QStringLiteral("Label5"));
@@ -91,13 +121,11 @@ MessageBox::MessageBox(QWidget *parent)
     Line3 = makeLine(this, "Line3", QFrame::VLine);
     Line2 = makeLine(this, "Line2", QFrame::VLine);
     Line1 = makeLine(this, "Line1", QFrame::HLine);
-    micon = makePicture(this, "micon", QStringLiteral(":/zolt/information.png"));
-    q = makePicture(this, "q", QStringLiteral(":/zolt/question.png"));
-    Info = makePicture(this, "Info", QStringLiteral(":/zolt/information.png"));
-    Ex = makePicture(this, "Ex", QStringLiteral(":/zolt/exclamation.png"));
-    stop = makePicture(this, "stop", QStringLiteral(":/zolt/stop.png"));
-    for (QLabel *store : {q, Info, Ex, stop})
-        store->hide();
+    micon = makePicture(this, "micon", QStringLiteral(":/zolt/information.png"), true);
+    q = makePicture(this, "q", QStringLiteral(":/zolt/question.png"), false);
+    Info = makePicture(this, "Info", QStringLiteral(":/zolt/information.png"), false);
+    Ex = makePicture(this, "Ex", QStringLiteral(":/zolt/exclamation.png"), false);
+    stop = makePicture(this, "stop", QStringLiteral(":/zolt/stop.png"), false);
     Message = new QLabel(this);
     Message->setObjectName(QStringLiteral("Message"));
     Message->setTextFormat(Qt::PlainText);
@@ -107,8 +135,6 @@ MessageBox::MessageBox(QWidget *parent)
     // The designed tab order puts the second button first, so that a hasty
     // Enter does not answer yes to a question.
     m_tabOrder = {Cmd2, Cmd3, Cmd1};
-    for (QPushButton *button : {Cmd1, Cmd2, Cmd3})
-        button->setAutoDefault(true);
     // A letter typed without Alt presses the button it is the mnemonic of.
     new KeyPreview(this, [](int &keyAscii) {
         if (keyAscii > 32)
@@ -120,14 +146,14 @@ MessageBox::MessageBox(QWidget *parent)
     connect(Cmd2, &QPushButton::clicked, this, [this] { answer(GetReturn(Tag(Cmd2), QString())); });
     connect(Cmd3, &QPushButton::clicked, this, [this] { answer(GetReturn(Tag(Cmd3), QString())); });
 
-    resize(ToPixels(MessageLeft + MessageMinWidth + 100), ToPixels(2000));
     ApplyFormSettings(this);
     fitButtonsToFont();
     QPalette band = Label5->palette();
     band.setColor(QPalette::Window, OleColorToQColor(SystemActiveCaptionColor, QApplication::palette()));
-    band.setColor(QPalette::WindowText, OleColorToQColor(qint32(0x80000009u), QApplication::palette()));
+    band.setColor(QPalette::WindowText, OleColorToQColor(SystemCaptionTextColor, QApplication::palette()));
     Label5->setPalette(band);
     label4->setPalette(band);
+    SetMessage(QString());
 }
 
 MessageBox::~MessageBox() = default;
@@ -135,11 +161,6 @@ MessageBox::~MessageBox() = default;
 QString MessageBox::Tag(const QPushButton *button)
 {
     return button->property("Tag").toString();
-}
-
-void MessageBox::SetTag(QPushButton *button, const QString &tag)
-{
-    button->setProperty("Tag", tag);
 }
 
 qint32 MessageBox::GetReturn1(const QString &St)
@@ -156,20 +177,22 @@ qint32 MessageBox::GetReturn1(const QString &St)
 
 qint32 MessageBox::GetReturn(const QString &St, const QString &sTag)
 {
-    struct Test {
-        const char *tag;
-        const char *caption;
-        qint32 code;
-    };
-    static const Test tests[] = {
-        {"OK", "Đồ&ng ý", 1}, {"CAN", "&Bỏ qua", 2}, {"YES", "&Có", 6}, {"NO ", "&Không", 7},
-        {"ABO", "Bỏ &dở", 3}, {"RET", "&Thử lại", 4}, {"ABO", "&Bác bỏ", 5}};
+    // Each test looks for a tag or a caption; the No test's tag has a
+    // trailing blank, and Ignore's is Abort's.
+    static const std::pair<ButtonLook, qint32> tests[] = {
+        {Ok, 1}, {Cancel, 2}, {Yes, 6}, {{No.caption, "NO "}, 7}, {Abort, 3}, {Retry, 4}, {Ignore, 5}};
     qint32 code = 0;
-    for (const Test &test : tests) {
-        if (sTag == QLatin1String(test.tag) || St.contains(QString::fromUtf8(test.caption)))
-            code = test.code;
+    for (const auto &[look, value] : tests) {
+        if (sTag == QLatin1String(look.tag) || St.contains(QString::fromUtf8(look.caption)))
+            code = value;
     }
     return code;
+}
+
+void MessageBox::SetTitle(const QString &title)
+{
+    label4->setText(title);
+    layOut();
 }
 
 void MessageBox::SetMessage(const QString &text)
@@ -184,16 +207,103 @@ void MessageBox::SetMessage(const QString &text)
                                : single;
     Message->resize(std::max(fitted.width() + 2, ToPixels(MessageMinWidth)),
                     std::max(fitted.height(), ToPixels(IconSize)));
+    layOut();
 }
 
-void MessageBox::SetTabIndex(QPushButton *button, int index)
+void MessageBox::SetButtons(qint32 set)
 {
-    m_tabOrder.removeOne(button);
-    m_tabOrder.insert(std::clamp(index, 0, int(m_tabOrder.size())), button);
+    if (set < vbOKOnly || set > vbRetryCancel)
+        return;
+    m_set = set;
+    QPushButton *const controls[] = {Cmd1, Cmd2, Cmd3};
+    for (int i = 0; i < 3; ++i) {
+        const ButtonLook &look = Sets[set][i];
+        QPushButton *button = controls[i];
+        button->setVisible(look.caption != nullptr);
+        if (look.caption) {
+            button->setText(QString::fromUtf8(look.caption));
+            button->setProperty("Tag", QString::fromUtf8(look.tag));
+        }
+    }
+    // A request to correct something is answered yes by default.
+    if (set == vbYesNo && Message->text().contains(QStringLiteral("sửa lại"))) {
+        m_tabOrder.removeOne(Cmd1);
+        m_tabOrder.prepend(Cmd1);
+    }
+    layOut();
 }
 
-void MessageBox::FocusFirstButton()
+void MessageBox::SetIcon(qint32 icon)
 {
+    const QLabel *source = icon == vbCritical ? stop : icon == vbQuestion ? q
+                         : icon == vbExclamation ? Ex : icon == vbInformation ? Info : nullptr;
+    if (source)
+        micon->setPixmap(source->pixmap());
+}
+
+void MessageBox::SetRightToLeft(bool rightToLeft)
+{
+    const Qt::LayoutDirection direction = rightToLeft ? Qt::RightToLeft : Qt::LeftToRight;
+    Message->setLayoutDirection(direction);
+    Message->setAlignment((rightToLeft ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignTop);
+    setLayoutDirection(direction);
+}
+
+// The dialog is as wide as the message and its margin; the buttons stand in
+// a centred row under the message, and the dialog ends under them.
+void MessageBox::layOut()
+{
+    resize(ToPixels(leftTw(Message) + widthTw(Message) + 100), height());
+    placeButtonRow();
+    const int top = ToTwips(Message->y()) + ToTwips(Message->height()) + Margin;
+    for (QPushButton *button : {Cmd1, Cmd2, Cmd3})
+        button->move(button->x(), ToPixels(top));
+    resize(width(), ToPixels(top + ToTwips(Cmd1->height()) + Margin));
+}
+
+// The gap is 100 twips between two buttons and 50 between three; other sets
+// keep the designed places.
+void MessageBox::placeButtonRow()
+{
+    if (m_set < 0)
+        return;
+    const int W = ToTwips(width());
+    const int w1 = widthTw(Cmd1);
+    const int w2 = widthTw(Cmd2);
+    const int w3 = widthTw(Cmd3);
+    if (Cmd3->isVisibleTo(this)) {
+        setLeftTw(Cmd1, (W - w1 - w2 - w3) / 2 - 50);
+        setLeftTw(Cmd2, leftTw(Cmd1) + w1 + 50);
+        setLeftTw(Cmd3, leftTw(Cmd2) + w2 + 50);
+    } else if (Cmd2->isVisibleTo(this)) {
+        setLeftTw(Cmd1, (W - w1 - w2) / 2 - 50);
+        setLeftTw(Cmd2, leftTw(Cmd1) + w1 + 100);
+    } else {
+        setLeftTw(Cmd1, (W - w1) / 2);
+    }
+}
+
+// Widens the buttons when the configured font needs more room for a caption.
+void MessageBox::fitButtonsToFont()
+{
+    const QFontMetrics metrics(Cmd1->font());
+    int widest = Cmd1->width();
+    for (const auto &set : Sets) {
+        for (const ButtonLook &look : set) {
+            if (look.caption)
+                widest = std::max(widest, metrics.horizontalAdvance(
+                                              QString::fromUtf8(look.caption).remove(QLatin1Char('&'))) + 16);
+        }
+    }
+    const int height = std::max(Cmd1->height(), metrics.height() + 10);
+    for (QPushButton *button : {Cmd1, Cmd2, Cmd3})
+        button->resize(widest, height);
+    Label5->resize(Label5->width(), std::max(ToPixels(BandHeight), label4->sizeHint().height() + 4));
+}
+
+void MessageBox::showEvent(QShowEvent *event)
+{
+    QDialog::showEvent(event);
     for (QPushButton *button : m_tabOrder) {
         if (!button->isHidden()) {
             button->setFocus(Qt::TabFocusReason);
@@ -225,19 +335,6 @@ void MessageBox::answer(qint32 code)
     accept();
 }
 
-// Widens the buttons when the configured font needs more room for a caption.
-void MessageBox::fitButtonsToFont()
-{
-    const QFontMetrics metrics(Cmd1->font());
-    int widest = Cmd1->width();
-    for (const QString &caption : Captions)
-        widest = std::max(widest, metrics.horizontalAdvance(QString(caption).remove(QLatin1Char('&'))) + 16);
-    const int height = std::max(Cmd1->height(), metrics.height() + 10);
-    for (QPushButton *button : {Cmd1, Cmd2, Cmd3})
-        button->resize(widest, height);
-    Label5->resize(Label5->width(), std::max(ToPixels(BandHeight), label4->sizeHint().height() + 4));
-}
-
 bool MessageBox::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == label4 || watched == Label5)
@@ -247,7 +344,9 @@ bool MessageBox::eventFilter(QObject *watched, QEvent *event)
 
 bool MessageBox::dragByTitleBand(QEvent *event)
 {
-    auto *mouse = static_cast<QMouseEvent *>(event);
+    if (event->type() != QEvent::MouseButtonPress && event->type() != QEvent::MouseMove)
+        return false;
+    const auto *mouse = static_cast<QMouseEvent *>(event);
     if (event->type() == QEvent::MouseButtonPress && mouse->button() == Qt::LeftButton) {
         m_dragOffset = mouse->globalPosition().toPoint() - frameGeometry().topLeft();
         return true;
@@ -260,6 +359,7 @@ bool MessageBox::dragByTitleBand(QEvent *event)
     return false;
 }
 
+// The frame's right edge sits 15 twips in and its bottom edge 20.
 void MessageBox::resizeEvent(QResizeEvent *event)
 {
     QDialog::resizeEvent(event);
@@ -267,8 +367,8 @@ void MessageBox::resizeEvent(QResizeEvent *event)
     const int h = height();
     Line1->setGeometry(0, 0, w, 1);
     Line2->setGeometry(0, 0, 1, h);
-    Line3->setGeometry(ToPixels(ToTwips(w) - 15), 0, 1, h);      // 15 twips in from the right
-    Line4->setGeometry(0, ToPixels(ToTwips(h) - 20), w, 1);      // 20 twips up from the bottom
+    Line3->setGeometry(ToPixels(ToTwips(w) - 15), 0, 1, h);
+    Line4->setGeometry(0, ToPixels(ToTwips(h) - 20), w, 1);
     Label5->setGeometry(0, 0, w, Label5->height());
     label4->setGeometry(ToPixels(10), (Label5->height() - label4->sizeHint().height()) / 2,
                         Label5->width() - ToPixels(50), label4->sizeHint().height());

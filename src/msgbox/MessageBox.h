@@ -1,8 +1,10 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // The library's caption-less message dialog: a title band, an icon, the
 // message and up to three buttons whose tags name their answers. It draws its
-// own frame and is moved by dragging its title band.
+// own frame, is moved by dragging its title band, and lays itself out: every
+// setter places the controls again.
 
 #include <QDialog>
 
@@ -11,11 +13,6 @@ class QLabel;
 class QPushButton;
 
 namespace zolt {
-
-// Lengths of the dialog are reckoned in twips, 15 to a pixel.
-constexpr int TwipsPerPixel = 15;
-constexpr int ToPixels(int twips) { return (twips + TwipsPerPixel / 2) / TwipsPerPixel; }
-constexpr int ToTwips(int pixels) { return pixels * TwipsPerPixel; }
 
 class MessageBox : public QDialog {
     Q_OBJECT
@@ -33,17 +30,30 @@ public:
     static qint32 GetReturn(const QString &St, const QString &sTag = QString());
     // Answer code from a tag alone.
     static qint32 GetReturn1(const QString &St);
-
     // A button's tag: the short code of its answer ("OK", "CAN", "YES" ...).
     static QString Tag(const QPushButton *button);
-    static void SetTag(QPushButton *button, const QString &tag);
 
-    // Sets the message; the label sizes itself to its text.
+    void SetTitle(const QString &title);
+    // The message label sizes itself to its text; the dialog follows.
     void SetMessage(const QString &text);
-    // Moves the button to position index of the tab order (0 is first).
-    void SetTabIndex(QPushButton *button, int index);
-    // Gives the keyboard focus to the first visible button in tab order.
-    void FocusFirstButton();
+    // Button set 0 to 5 (see zolt::Buttons); other values keep the designed buttons.
+    void SetButtons(qint32 set);
+    // Icon 16, 32, 48 or 64 (see zolt::IconValue); others keep the designed icon.
+    void SetIcon(qint32 icon);
+    void SetRightToLeft(bool rightToLeft);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+
+private:
+    void layOut();
+    void placeButtonRow();
+    void fitButtonsToFont();
+    void answer(qint32 code);
+    bool dragByTitleBand(QEvent *event);
 
     QPushButton *Cmd3;
     QPushButton *Cmd1;
@@ -61,16 +71,7 @@ public:
     QLabel *Message;
     QLabel *Label5;
 
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
-    bool focusNextPrevChild(bool next) override;
-    void resizeEvent(QResizeEvent *event) override;
-
-private:
-    void answer(qint32 code);
-    void fitButtonsToFont();
-    bool dragByTitleBand(QEvent *event);
-
+    qint32 m_set = -1;
     QPoint m_dragOffset;
     QList<QPushButton *> m_tabOrder;
 };

@@ -2,7 +2,7 @@
 
 #include "controls/ItemDataList.h"
 #include "data/Conversions.h"
-#include "data/General.h"
+#include "data/SqlFunc.h"
 
 #include <zolt/Error.h>
 
@@ -59,7 +59,7 @@ QString twoDigits(const QString &part)
 
 qint32 OpenQuery(Recordset &rs, const QString &sql)
 {
-    return rs.Open(sql, CurrentConnection);
+    return rs.Open(sql, CurrentConnection());
 }
 
 bool HasRows(const Recordset &rs)
@@ -124,11 +124,11 @@ QString FormatValue(int type, const QString &predicate, const QString &value)
 {
     const QString op = UCase(predicate);
     switch (type) {
-    case 1: case 3: case 13:
+    case UncheckedNumberType: case NumberType: case NumberType13:
         return numberLiteral(op, value);
-    case 8:
+    case DateType:
         return QLatin1Char('#') + FormatDate(value) + QLatin1Char('#');
-    case 10: case 11:
+    case TextType: case TextType11:
         return textLiteral(op, value);
     default:
         return QString();
@@ -152,8 +152,7 @@ QString FormatDate(const QString &value)
 
 QString EscapeQuotes(const QString &value)
 {
-    return QString(value).replace(QLatin1Char('\''), QStringLiteral("''"))
-                         .replace(QLatin1Char('"'), QStringLiteral("\"\""));
+    return FixQuote(value);
 }
 
 int CountOf(const QString &text, const QString &pattern)

@@ -13,6 +13,17 @@ namespace zolt {
 
 class ItemDataList;
 
+// Value-type codes of the catalogue's fields and operators (LstFld.Type and
+// Operator.Type). Other codes have no literal.
+enum ValueType : qint32 {
+    UncheckedNumberType = 1,   // formatted as a number, never checked as one
+    NumberType = 3,
+    NumberType13 = 13,
+    DateType = 8,
+    TextType = 10,
+    TextType11 = 11,
+};
+
 // The lookup source (Relation) and value type (Type) of each catalogue field of
 // the table the search dialog shows, by the field's position in its list.
 extern thread_local QStringList FieldRelation;

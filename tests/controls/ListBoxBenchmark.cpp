@@ -1,9 +1,15 @@
-// Filling and searching whole goods catalogues through the list binder.
-#include "controls/clsListBox.h"
+// SPDX-License-Identifier: MIT
+// Filling whole goods catalogues through the list binder, beside the plainest
+// way to hold the same rows: two string lists.
+#include "BenchMain.h"
 
-#include <QApplication>
+#include "controls/clsListBox.h"
+#include "data/Database.h"
+#include "search/MFind.h"
+
 #include <QListView>
-#include <QListWidget>
+#include <QSqlQuery>
+#include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
 
@@ -11,59 +17,94 @@ using namespace zolt;
 
 namespace {
 
-constexpr int Rows = 100000;
+QString text(int i) { return QStringLiteral("Mặt hàng số %1").arg(i); }
+QString code(int i) { return QStringLiteral("MH%1").arg(i, 7, 10, QLatin1Char('0')); }
 
-template <typename View>
-void fill(clsListBox &list)
+// A catalogue of rows goods in an SQLite file, made once per size.
+QSqlDatabase catalogue(int rows)
 {
-    for (int i = 0; i < Rows; ++i) {
-        list.AddItem(QStringLiteral("Mặt hàng số %1").arg(i));
-        list.SetItemData(list.NewIndex(), QStringLiteral("MH%1").arg(i, 6, 10, QLatin1Char('0')));
+    static QTemporaryDir dir;
+    const QString name = QStringLiteral("goods%1").arg(rows);
+    if (QSqlDatabase::contains(name))
+        return QSqlDatabase::database(name);
+    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+    db.setDatabaseName(dir.filePath(name));
+    db.open();
+    QSqlQuery query(db);
+    query.exec(QStringLiteral("Create Table Hang(Ma Text, Ten Text)"));
+    db.transaction();
+    query.prepare(QStringLiteral("Insert Into Hang Values(?, ?)"));
+    for (int i = 0; i < rows; ++i) {
+        query.addBindValue(code(i));
+        query.addBindValue(text(i));
+        query.exec();
     }
+    db.commit();
+    return db;
 }
 
-template <typename View>
-void BM_Fill(benchmark::State &state)
+void BM_AddItem(benchmark::State &state)
 {
     for (auto _ : state) {
-        View view;
-        view.setUniformItemSizes(true);
+        QListView view;
         clsListBox list;
         list.SetTListBox(&view);
-        fill<View>(list);
+        for (int i = 0; i < state.range(0); ++i) {
+            list.AddItem(text(i));
+            list.SetItemData(list.NewIndex(), code(i));
+        }
         benchmark::DoNotOptimize(list.ListCount());
     }
-    state.SetItemsProcessed(state.iterations() * Rows);
 }
 
-template <typename View>
-void BM_FindLast(benchmark::State &state)
+void BM_StringListPair(benchmark::State &state)
 {
-    View view;
-    view.setUniformItemSizes(true);
-    clsListBox list;
-    list.SetTListBox(&view);
-    fill<View>(list);
     for (auto _ : state) {
-        list.SetValue(QStringLiteral("mh099999"));
-        benchmark::DoNotOptimize(list.ListIndex());
+        QStringList texts, data;
+        for (int i = 0; i < state.range(0); ++i) {
+            texts.append(text(i));
+            data.append(code(i));
+        }
+        benchmark::DoNotOptimize(texts.size() + data.size());
     }
 }
 
-BENCHMARK(BM_Fill<QListView>)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_Fill<QListWidget>)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_FindLast<QListView>)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_FindLast<QListWidget>)->Unit(benchmark::kMillisecond);
+void BM_FillList(benchmark::State &state)
+{
+    SetCurrentConnection(catalogue(int(state.range(0))));
+    for (auto _ : state) {
+        QListView view;
+        clsListBox list;
+        list.SetTListBox(&view);
+        FillList(list, QString(), QStringLiteral("Select Ma, Ten From Hang"));
+        benchmark::DoNotOptimize(list.ListCount());
+    }
+}
+
+void BM_QueryRead(benchmark::State &state)
+{
+    const QSqlDatabase db = catalogue(int(state.range(0)));
+    for (auto _ : state) {
+        QStringList texts, data;
+        QSqlQuery query(db);
+        query.exec(QStringLiteral("Select Ma, Ten From Hang"));
+        while (query.next()) {
+            data.append(query.value(0).toString());
+            texts.append(query.value(1).toString());
+        }
+        benchmark::DoNotOptimize(texts.size() + data.size());
+    }
+}
+
+BENCHMARK(BM_AddItem)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_StringListPair)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_FillList)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_QueryRead)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+
+const bench::Ratio ratios[] = {
+    {"add_item_100k", "BM_AddItem/100000", "BM_StringListPair/100000"},
+    {"fill_list_100k", "BM_FillList/100000", "BM_QueryRead/100000"},
+    {"fill_list_1m", "BM_FillList/1000000", "BM_QueryRead/1000000"},
+};
 
 } // namespace
-
-int main(int argc, char **argv)
-{
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

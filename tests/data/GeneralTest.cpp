@@ -222,7 +222,7 @@ TEST_F(OptionsTest, SmallOrInvalidSizesLeaveTheSizeAlone)
 
 TEST(ApplyFormSettingsWithoutDatabase, UsesTheDefaults)
 {
-    CurrentConnection = QSqlDatabase();
+    SetCurrentConnection(QSqlDatabase());
     SettingsForm form;
     ApplyFormSettings(&form);
     EXPECT_EQ(form.label->font().family(), "VK Sans Serif");

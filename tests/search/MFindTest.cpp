@@ -1,101 +1,55 @@
+// SPDX-License-Identifier: MIT
 #include "search/MFind.h"
 
-#include "controls/DataCombo1.h"
-#include "controls/clsListBox.h"
 #include "TestSupport.h"
-
-#include <QListWidget>
 
 #include <gtest/gtest.h>
 
 using namespace zolt;
 
-TEST(FormatValue, NumbersGoInAsTyped)
+TEST(FormatValue, LiteralsByValueTypeAndOperator)
 {
-    EXPECT_EQ(FormatValue(3, QStringLiteral(">"), QStringLiteral("30")), "30");
-    EXPECT_EQ(FormatValue(1, QStringLiteral("="), QStringLiteral("-2.5")), "-2.5");
-    EXPECT_EQ(FormatValue(13, QStringLiteral("in"), QStringLiteral("1,2")), "(1,2)");
-    EXPECT_EQ(FormatValue(1, QStringLiteral("IN"), QStringLiteral("1, 2 ,3")), "(1, 2 ,3)");
-}
-
-TEST(FormatValue, TypedTextNeverBecomesSqlStructure)
-{
-    // Type 1 is not checked as a number by the dialog; anything that is no
-    // number gets no literal, so the condition fails as a whole.
-    EXPECT_EQ(FormatValue(1, QStringLiteral("="), QStringLiteral("abc")), "");
-    EXPECT_EQ(FormatValue(1, QStringLiteral("="), QStringLiteral("1 Or 1=1")), "");
-    EXPECT_EQ(FormatValue(1, QStringLiteral("="), QStringLiteral("1,000")), "");
-    EXPECT_EQ(FormatValue(1, QStringLiteral("IN"), QStringLiteral("1) Or (1=1")), "");
-    EXPECT_EQ(FormatValue(10, QStringLiteral("="), QStringLiteral("x' Or 'a'='a")), "'x'' Or ''a''=''a'");
-    EXPECT_EQ(FormatValue(8, QStringLiteral("="), QStringLiteral("1/2/2003# Or #1/1/2000")), "##");
-}
-
-TEST(FormatValue, TextAndDates)
-{
-    EXPECT_EQ(FormatValue(10, QStringLiteral("IN"), QStringLiteral("a,b")), "('a','b')");
-    EXPECT_EQ(FormatValue(11, QStringLiteral("like"), QStringLiteral("O'Neil")), "'O''Neil%'");
-    EXPECT_EQ(FormatValue(10, QStringLiteral("<>"), QStringLiteral("Hà \"Nội\"")), "'Hà \"\"Nội\"\"'");
-    EXPECT_EQ(FormatValue(8, QStringLiteral(">"), QStringLiteral("1/2/98")), "#02/01/0098#");
-    EXPECT_EQ(FormatValue(8, QStringLiteral(">"), QStringLiteral("x")), "##");
-    for (int type : {0, 2, 4, 5, 6, 7, 9, 12, 14, -1})
-        EXPECT_EQ(FormatValue(type, QStringLiteral("="), QStringLiteral("5")), "") << type;
+    const std::tuple<int, const char *, const char *, const char *> cases[] = {
+        {NumberType, ">", "30", "30"}, {NumberType13, "in", "1,2", "(1,2)"}, {UncheckedNumberType, "IN", "1, 2 ,3", "(1, 2 ,3)"},
+        {TextType, "IN", "a,b", "('a','b')"}, {TextType11, "like", "O'Neil", "'O''Neil%'"},
+        {TextType, "<>", "Hà \"Nội\"", "'Hà \"\"Nội\"\"'"}, {DateType, ">", "1/2/98", "#02/01/0098#"},
+        {DateType, ">", "x", "##"}, {2, "=", "5", ""}, {12, "=", "5", ""}, {-1, "=", "5", ""},
+        // Typed text never becomes SQL structure: what is no number gets no literal.
+        {UncheckedNumberType, "=", "1 Or 1=1", ""}, {UncheckedNumberType, "=", "1,000", ""},
+        {UncheckedNumberType, "IN", "1) Or (1=1", ""}, {TextType, "=", "x' Or 'a'='a", "'x'' Or ''a''=''a'"},
+        {DateType, "=", "1/2/2003# Or #1/1/2000", "##"}};
+    for (const auto &[type, predicate, value, literal] : cases)
+        EXPECT_EQ(FormatValue(type, QString::fromLatin1(predicate), QString::fromUtf8(value)), QString::fromUtf8(literal))
+            << type << " " << value;
 }
 
 TEST(FormatDate, SwapsDayAndMonthAndPadsTheYear)
 {
-    EXPECT_EQ(FormatDate(QStringLiteral("5/3/2004")), "03/05/2004");
-    EXPECT_EQ(FormatDate(QStringLiteral("25/12/2004")), "12/25/2004");
-    EXPECT_EQ(FormatDate(QStringLiteral("1/2/98")), "02/01/0098");
-    EXPECT_EQ(FormatDate(QStringLiteral("#1/2/3#")), "02/01/0003");
-    EXPECT_EQ(FormatDate(QStringLiteral("31/2/2004")), "");
-    EXPECT_EQ(FormatDate(QString()), "");
-}
-
-TEST(TextHelpers, EscapeQuotesAndCountOf)
-{
-    EXPECT_EQ(EscapeQuotes(QStringLiteral("it's \"x\"")), "it''s \"\"x\"\"");
-    EXPECT_EQ(CountOf(QStringLiteral("a,b,,c"), QStringLiteral(",")), 3);
+    const std::pair<const char *, const char *> cases[] = {
+        {"5/3/2004", "03/05/2004"}, {"25/12/2004", "12/25/2004"}, {"#1/2/3#", "02/01/0003"}, {"31/2/2004", ""}};
+    for (const auto &[value, text] : cases)
+        EXPECT_EQ(FormatDate(QString::fromLatin1(value)), text);
     EXPECT_EQ(CountOf(QStringLiteral("aaaa"), QStringLiteral("aa")), 2);
     EXPECT_EQ(CountOf(QString(), QStringLiteral(",")), 0);
-    EXPECT_EQ(CountOf(QStringLiteral("abc"), QStringLiteral("x")), 0);
 }
-
-namespace {
 
 class CatalogueTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        db.exec(QStringLiteral("Create Table LstFld(code Integer, [Name] Text, [Desc] Text, "
-                               "InTable Text, Relation Text, [Type] Integer)"));
-        db.exec(QStringLiteral("Insert Into LstFld Values(2, 'Ten', 'Tên hàng', 'Hang', Null, 10)"));
-        db.exec(QStringLiteral("Insert Into LstFld Values(1, 'Ma', 'Mã hàng', 'Hang', 'Hang', 10)"));
-        db.exec(QStringLiteral("Insert Into LstFld Values(3, 'Gia', 'Giá bán', 'Hang', '', 3)"));
-        db.exec(QStringLiteral("Insert Into LstFld Values(4, 'Ngay', 'Ngày', 'PhieuXuat', Null, 8)"));
-        db.exec(QStringLiteral("Create Table Operator(Code Integer, [Name] Text, Des Text, [Type] Integer)"));
-        db.exec(QStringLiteral("Insert Into Operator Values(1, '=', 'Bằng', 3)"));
-        db.exec(QStringLiteral("Insert Into Operator Values(2, '>', 'Lớn hơn', 3)"));
-        db.exec(QStringLiteral("Insert Into Operator Values(3, 'LIKE', 'Bắt đầu bằng', 10)"));
+        db.exec(QStringLiteral("Create Table LstFld(code Integer, [Name] Text, [Desc] Text, InTable Text, "
+                               "Relation Text, [Type] Integer)"));
+        db.exec(QStringLiteral("Insert Into LstFld Values(2, 'Ten', 'Tên hàng', 'Hang', Null, 10), "
+                               "(1, 'Ma', 'Mã hàng', 'Hang', 'Hang', 10), (3, 'Gia', 'Giá', 'Hang', '', 3), "
+                               "(4, 'Ngay', 'Ngày', 'PhieuXuat', Null, 8)"));
     }
-    const QString fields = QStringLiteral("Select [Name],[Desc] From LstFld Where [InTable]='Hang'");
     test::TempDatabase db;
 };
-
-void expectFields(const ItemDataList &list)
-{
-    ASSERT_EQ(list.ListCount(), 3);
-    EXPECT_EQ(list.ItemData(0), "Ma");
-    EXPECT_EQ(list.ItemData(1), "Ten");
-    EXPECT_EQ(list.ItemData(2), "Gia");
-}
-
-} // namespace
 
 TEST_F(CatalogueTest, QueriesOpenCountAndTestForRows)
 {
     Recordset rs;
     EXPECT_EQ(OpenQuery(rs, QStringLiteral("Select * From LstFld")), 0);
-    EXPECT_TRUE(HasRows(rs));
     rs.MoveNext();
     EXPECT_EQ(CountRecords(rs), 4);
     EXPECT_EQ(rs.Value(QStringLiteral("Name")).toString(), "Ten");   // back on the first row
@@ -103,62 +57,14 @@ TEST_F(CatalogueTest, QueriesOpenCountAndTestForRows)
     EXPECT_FALSE(HasRows(rs));
     EXPECT_EQ(OpenQuery(rs, QStringLiteral("Select * From LstFld Where code=0")), 0);
     EXPECT_FALSE(HasRows(rs));
-    EXPECT_EQ(CountRecords(rs), 0);
-}
-
-TEST_F(CatalogueTest, FillListFillsADataCombo)
-{
-    DataCombo1 combo;
-    FillList(combo, QStringLiteral("[code]"), fields);
-    expectFields(combo);
-    EXPECT_EQ(combo.List(0), "Mã hàng");
-    EXPECT_EQ(combo.ListIndex(), -1);   // nothing was selected before the fill
-    combo.SetListIndex(0);
-    EXPECT_EQ(combo.Value(), "Ma");
-
-    FillList(combo, QString(), QStringLiteral("Select [Name],[Des] From [Operator] Where [Type]=3  Order By [Code]"));
-    ASSERT_EQ(combo.ListCount(), 2);
-    EXPECT_EQ(combo.Text(), "Bằng");
-    EXPECT_EQ(combo.Value(), "=");
-}
-
-TEST_F(CatalogueTest, FillListKeepsTheSelectionWhileTheRowExists)
-{
-    QListWidget widget;
-    clsListBox list;
-    list.SetTListBox(&widget);
-    FillList(list, QStringLiteral("[code]"), fields);
-    expectFields(list);
-    list.SetListIndex(2);
-    FillList(list, QStringLiteral("[code]"), fields);
-    EXPECT_EQ(list.ListIndex(), 2);
-    EXPECT_EQ(list.Value(), "Gia");
-
-    for (int i = 0; i < 3; ++i)
-        list.AddItem(QStringLiteral("x"));
-    list.SetListIndex(5);
-    FillList(list, QStringLiteral("[code]"), fields);
-    EXPECT_EQ(list.ListCount(), 3);
-    EXPECT_EQ(list.ListIndex(), 0);
-}
-
-TEST_F(CatalogueTest, FillListOnAFailingQueryLeavesTheList)
-{
-    DataCombo1 combo;
-    FillList(combo, QStringLiteral("[code]"), fields);
-    FillList(combo, QString(), QStringLiteral("Select [Name],[Desc] From Missing"));
-    expectFields(combo);
-    FillList(combo, QString(), QStringLiteral("Select [Name] From LstFld"));   // no second column
-    EXPECT_EQ(combo.ListCount(), 0);
 }
 
 TEST_F(CatalogueTest, LoadFieldInfoCachesRelationAndTypeInListOrder)
 {
     LoadFieldInfo(QStringLiteral("Select * From LstFld Where [InTable]='Hang'"), QStringLiteral("[code]"));
-    ASSERT_EQ(FieldRelation.size(), 4);   // one more than the rows, as dimensioned 0..n
+    // One more entry than rows, as dimensioned 0..n.
     EXPECT_EQ(FieldRelation, (QStringList{QStringLiteral("Hang"), QString(), QString(), QString()}));
     EXPECT_EQ(FieldType, (QList<qint32>{10, 10, 3, 0}));
-
     LoadFieldInfo(QStringLiteral("Select * from LstFld Where [InTable]='None'"), QStringLiteral("[code]"));
     EXPECT_EQ(FieldRelation.size(), 1);
 }

@@ -7,7 +7,7 @@
 // "Engines\Excel\<value>". The entry <DSN> of key "ODBC Data Sources" names
 // the data source's driver, which unixODBC keeps as the section's "Driver".
 
-#include "data/Registry.h"
+#include "platform/Registry.h"
 
 #include <optional>
 

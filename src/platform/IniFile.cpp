@@ -1,8 +1,11 @@
-#include "data/IniFile.h"
+#include "platform/IniFile.h"
+
+#include "data/Conversions.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QSaveFile>
 #include <QStandardPaths>
 #include <QStringList>
@@ -60,15 +63,10 @@ bool writable(const QString &section, const QString &key, const QString &value)
            && !hasLineBreak(section) && !hasLineBreak(key) && !hasLineBreak(value);
 }
 
-bool sameName(const QString &a, const QString &b)
-{
-    return a.compare(b, Qt::CaseInsensitive) == 0;
-}
-
 bool isKeyLine(const QString &line, const QString &key)
 {
     const qsizetype eq = line.indexOf(QLatin1Char('='));
-    return eq > 0 && sameName(line.left(eq).trimmed(), key);
+    return eq > 0 && SameText(line.left(eq).trimmed(), key);
 }
 
 // Rows [begin, end) of the section's body, or nothing when the section is absent.
@@ -77,7 +75,7 @@ std::optional<std::pair<qsizetype, qsizetype>> sectionBody(const QStringList &li
 {
     for (qsizetype i = 0; i < lines.size(); ++i) {
         const auto name = sectionName(lines[i]);
-        if (!name || !sameName(*name, section))
+        if (!name || !SameText(*name, section))
             continue;
         qsizetype end = i + 1;
         while (end < lines.size() && !sectionName(lines[end]))
@@ -152,12 +150,17 @@ bool WriteProfileString(const QString &section, const QString &key, const QStrin
     const QString path = ProfilePath(fileName);
     if (!writable(section, key, value))
         return false;
+    QDir().mkpath(QFileInfo(path).absolutePath());
+    // Read, change and replace under a lock, so that two writers of the same
+    // file never lose each other's keys.
+    QLockFile lock(path + QStringLiteral(".lock"));
+    if (!lock.lock())
+        return false;
     auto file = readLines(path);
     if (!file)
         return false;
     putKey(file->lines, section, key, value);
 
-    QDir().mkpath(QFileInfo(path).absolutePath());
     QSaveFile out(path);
     if (!out.open(QIODevice::WriteOnly))
         return false;

@@ -1,4 +1,4 @@
-#include "data/OleColor.h"
+#include "platform/OleColor.h"
 
 namespace zolt {
 

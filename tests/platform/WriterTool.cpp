@@ -1,9 +1,12 @@
-// Writes to the registry from a process of its own, for the tests that kill a
-// writer, race two of them, or write without rights:
-//   registry_tool set ROOT KEY NAME VALUE     prints the status
-//   registry_tool loop ROOT KEY NAME COUNT    writes "NAME:i:<padding>:end" COUNT times
-//   registry_tool dsn NAME                    registers a SQL Server data source
-#include "data/Registry.h"
+// SPDX-License-Identifier: MIT
+// Writes from a process of its own, for the tests that race two writers, kill
+// one, or write without rights:
+//   writer_tool set ROOT KEY NAME VALUE    a registry value; prints the status
+//   writer_tool loop ROOT KEY NAME COUNT   "NAME:i:<1 MiB>:end" COUNT times
+//   writer_tool dsn NAME                   registers a SQL Server data source
+//   writer_tool ini FILE PREFIX COUNT      keys PREFIX0.. in section [S] of FILE
+#include "platform/IniFile.h"
+#include "platform/Registry.h"
 
 #include <zolt/clsRegistry.h>
 
@@ -20,6 +23,14 @@ int main(int argc, char **argv)
     if (command == QLatin1String("dsn")) {
         zolt::clsRegistry().Create_DSN(args.value(2), QStringLiteral("d"), QStringLiteral("db"),
                                        QStringLiteral("srv"), QStringLiteral("SQL Server"));
+        return 0;
+    }
+    if (command == QLatin1String("ini")) {
+        for (int i = 0; i < args.value(4).toInt(); ++i) {
+            if (!zolt::WriteProfileString(QStringLiteral("S"), args.value(3) + QString::number(i),
+                                          QString::number(i), args.value(2)))
+                return 1;
+        }
         return 0;
     }
     const qint32 root = qint32(args.value(2).toLongLong(nullptr, 0));

@@ -1,4 +1,4 @@
-#include "data/KeyDelivery.h"
+#include "platform/KeyDelivery.h"
 
 #include <QGuiApplication>
 #include <QWindow>
@@ -23,9 +23,9 @@ Qt::KeyboardModifiers &heldModifiers()
 Qt::KeyboardModifier modifierOf(quint8 vk)
 {
     switch (vk) {
-    case 16: return Qt::ShiftModifier;
-    case 17: return Qt::ControlModifier;
-    case 18: return Qt::AltModifier;
+    case VkShift: return Qt::ShiftModifier;
+    case VkControl: return Qt::ControlModifier;
+    case VkMenu: return Qt::AltModifier;
     default: return Qt::NoModifier;
     }
 }
@@ -37,11 +37,12 @@ struct KeyPair {
 
 // Named keys; digits, letters, keypad digits and function keys follow below.
 constexpr KeyPair NamedKeys[] = {
-    {8, Qt::Key_Backspace}, {9, Qt::Key_Tab}, {13, Qt::Key_Return}, {16, Qt::Key_Shift},
-    {17, Qt::Key_Control}, {18, Qt::Key_Alt}, {27, Qt::Key_Escape}, {32, Qt::Key_Space},
+    {VkBack, Qt::Key_Backspace}, {VkTab, Qt::Key_Tab}, {VkReturn, Qt::Key_Return},
+    {VkShift, Qt::Key_Shift}, {VkControl, Qt::Key_Control}, {VkMenu, Qt::Key_Alt},
+    {VkEscape, Qt::Key_Escape}, {32, Qt::Key_Space},
     {33, Qt::Key_PageUp}, {34, Qt::Key_PageDown}, {35, Qt::Key_End}, {36, Qt::Key_Home},
     {37, Qt::Key_Left}, {38, Qt::Key_Up}, {39, Qt::Key_Right}, {40, Qt::Key_Down},
-    {45, Qt::Key_Insert}, {46, Qt::Key_Delete}, {106, Qt::Key_Asterisk}, {107, Qt::Key_Plus},
+    {45, Qt::Key_Insert}, {VkDelete, Qt::Key_Delete}, {106, Qt::Key_Asterisk}, {107, Qt::Key_Plus},
     {109, Qt::Key_Minus}, {110, Qt::Key_Period}, {111, Qt::Key_Slash},
 };
 
@@ -76,10 +77,10 @@ QString typedText(quint8 vk, Qt::KeyboardModifiers modifiers)
     if (vk >= 96 && vk <= 105)
         return QString(QChar('0' + vk - 96));
     switch (vk) {
-    case 8: return QStringLiteral("\b");
-    case 9: return QStringLiteral("\t");
-    case 13: return QStringLiteral("\r");
-    case 27: return QStringLiteral("\x1b");
+    case VkBack: return QStringLiteral("\b");
+    case VkTab: return QStringLiteral("\t");
+    case VkReturn: return QStringLiteral("\r");
+    case VkEscape: return QStringLiteral("\x1b");
     case 32: return QStringLiteral(" ");
     case 106: return QStringLiteral("*");
     case 107: return QStringLiteral("+");
@@ -101,9 +102,9 @@ qint32 VirtualKeyOf(int key)
     if (key >= Qt::Key_F1 && key <= Qt::Key_F12)
         return 112 + (key - Qt::Key_F1);
     if (key == Qt::Key_Enter)
-        return 13;
+        return VkReturn;
     if (key == Qt::Key_Backtab)
-        return 9;
+        return VkTab;
     for (const KeyPair &pair : NamedKeys) {
         if (pair.qt == key)
             return pair.vk;
@@ -126,7 +127,7 @@ void SendKeyStroke(qint32 key, qint32 keyEvent)
 void DeliverKeyStroke(qint32 key, qint32 keyEvent)
 {
     const quint8 vk = quint8(key & 0xFF);
-    const bool up = keyEvent & 2;
+    const bool up = keyEvent & KeyStrokeUp;
     const Qt::KeyboardModifier modifier = modifierOf(vk);
     heldModifiers().setFlag(modifier, !up);
 

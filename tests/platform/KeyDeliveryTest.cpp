@@ -1,5 +1,5 @@
 #include "data/General.h"
-#include "data/KeyDelivery.h"
+#include "platform/KeyDelivery.h"
 
 #include <zolt/Tesmir.h>
 

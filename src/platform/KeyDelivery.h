@@ -12,6 +12,21 @@
 
 namespace zolt {
 
+// The virtual-key codes the library names.
+enum VirtualKey : qint32 {
+    VkBack = 8,
+    VkTab = 9,
+    VkReturn = 13,
+    VkShift = 16,
+    VkControl = 17,
+    VkMenu = 18,   // Alt
+    VkEscape = 27,
+    VkDelete = 46,
+};
+
+// Key events of a stroke.
+enum KeyStroke : qint32 { KeyStrokeDown = 0, KeyStrokeUp = 2 };
+
 using KeySink = std::function<void(qint32 key, qint32 keyEvent)>;
 
 // Installs sink (the platform delivery when empty) and returns the one before.

@@ -11,6 +11,7 @@ namespace zolt {
 constexpr qint32 SystemWindowColor = qint32(0x80000005u);       // a control's background
 constexpr qint32 SystemWindowTextColor = qint32(0x80000008u);   // a control's text
 constexpr qint32 SystemActiveCaptionColor = qint32(0x80000002u);
+constexpr qint32 SystemCaptionTextColor = qint32(0x80000009u);
 
 QColor OleColorToQColor(qint32 color, const QPalette &palette);
 

@@ -1,7 +1,7 @@
-#include "data/Registry.h"
+#include "platform/Registry.h"
 
-#include "data/OdbcIni.h"
-#include "data/RegistryFiles.h"
+#include "platform/OdbcIni.h"
+#include "platform/RegistryFiles.h"
 
 #include <QtEndian>
 

@@ -10,7 +10,7 @@
 // ~/.config/zolt/registry); the machine-wide roots in $ZOLT_MACHINE_REGISTRY
 // (by default /etc/zolt/registry), each in a folder of its own name.
 
-#include "data/Registry.h"
+#include "platform/Registry.h"
 
 namespace zolt {
 

@@ -1,4 +1,6 @@
-#include "data/RegistryFiles.h"
+#include "platform/RegistryFiles.h"
+
+#include "data/Conversions.h"
 
 #include <zolt/Enums.h>
 
@@ -63,11 +65,6 @@ qint32 keyFolder(qint32 root, const QString &path, QString &folder)
 bool writable(const QString &folder)
 {
     return ::access(QFile::encodeName(folder).constData(), W_OK) == 0;
-}
-
-bool sameName(const QString &a, const QString &b)
-{
-    return a.compare(b, Qt::CaseInsensitive) == 0;
 }
 
 struct NamedValue {
@@ -138,7 +135,7 @@ qint32 FileQueryValue(qint32 root, const QString &path, const QString &name, Reg
         return status;
     keyFolder(root, path, folder);
     for (const NamedValue &v : readValues(folder)) {
-        if (sameName(v.name, name)) {
+        if (SameText(v.name, name)) {
             value = v.value;
             return RegSuccess;
         }
@@ -157,7 +154,7 @@ qint32 FileSetValue(qint32 root, const QString &path, const QString &name, const
         return RegAccessDenied;
     QList<NamedValue> values = readValues(folder);
     const auto existing = std::find_if(values.begin(), values.end(),
-                                       [&](const NamedValue &v) { return sameName(v.name, name); });
+                                       [&](const NamedValue &v) { return SameText(v.name, name); });
     if (existing != values.end())
         existing->value = value;
     else

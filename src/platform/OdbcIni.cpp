@@ -1,4 +1,4 @@
-#include "data/OdbcIni.h"
+#include "platform/OdbcIni.h"
 
 #include <zolt/Enums.h>
 

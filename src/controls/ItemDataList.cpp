@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#include "controls/ItemDataList.h"
+
+#include <zolt/Error.h>
+
+#include <QComboBox>
+#include <QSignalBlocker>
+
+namespace zolt {
+
+void CheckItemIndex(int index, int count)
+{
+    if (index < 0 || index >= count)
+        throw Error(Error::InvalidPropertyIndex);
+}
+
+void InsertKeepingSelection(QComboBox *combo, int at, const QString &text)
+{
+    CheckItemIndex(at, combo->count() + 1);
+    const int selected = combo->currentIndex();
+    const QSignalBlocker block(combo);
+    combo->insertItem(at, text);
+    combo->setCurrentIndex(selected >= at ? selected + 1 : selected);
+}
+
+void RemoveKeepingSelection(QComboBox *combo, int index)
+{
+    CheckItemIndex(index, combo->count());
+    const int selected = combo->currentIndex();
+    const QSignalBlocker block(combo);
+    combo->removeItem(index);
+    combo->setCurrentIndex(selected == index ? -1 : (selected > index ? selected - 1 : selected));
+}
+
+} // namespace zolt

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#include "data/Options.h"
+
+#include "data/Conversions.h"
+#include "data/Database.h"
+#include "data/SqlFunc.h"
+#include "search/MFind.h"
+
+#include <zolt/Error.h>
+
+namespace zolt {
+
+namespace {
+
+QString keyCondition(const QString &section, const QString &key)
+{
+    return QStringLiteral(" Where [Section]=") + SqlValue(section, QStringLiteral("S"))
+           + QStringLiteral(" And KeyName=") + SqlValue(key, QStringLiteral("S"));
+}
+
+// 1 when the option's row exists, 0 when not, or the error number of the query.
+qint32 optionExists(const QString &section, const QString &key)
+{
+    Recordset rs;
+    const qint32 n = OpenQuery(rs, QStringLiteral("Select * From Options") + keyCondition(section, key));
+    return n != 0 ? n : (HasRows(rs) ? 1 : 0);
+}
+
+QString insertOption(const QString &section, const QString &key, const QString &value,
+                     const QString &description)
+{
+    const QString sql = QStringLiteral("Insert Into Options([Section],KeyName,KeyValue) Values(")
+                        + SqlValue(section, QStringLiteral("S")) + QLatin1Char(',')
+                        + SqlValue(key, QStringLiteral("S")) + QLatin1Char(',')
+                        + SqlValue(value, QStringLiteral("S")) + QLatin1Char(')');
+    return description.isEmpty() ? sql : AddValues(sql, QStringLiteral("Description"), description);
+}
+
+QString updateOption(const QString &section, const QString &key, const QString &value,
+                     const QString &description)
+{
+    const QString sql = QStringLiteral("Update Options Set KeyValue=") + SqlValue(value, QStringLiteral("S"))
+                        + QLatin1Char(' ') + keyCondition(section, key);
+    return description.isEmpty() ? sql : AddSet(sql, QStringLiteral("Description"), description);
+}
+
+} // namespace
+
+QString ReadOption(const QString &section, const QString &key, const QString &defaultValue)
+{
+    QString value;
+    try {
+        Recordset rs;
+        if (OpenQuery(rs, QStringLiteral("Select * From [Options]") + keyCondition(section, key)) == 0
+            && HasRows(rs))
+            value = NullToStr(rs.Value(QStringLiteral("KeyValue")));
+    } catch (const Error &) {
+        // a read that fails is a missing value
+    }
+    return value.isEmpty() ? defaultValue : value;
+}
+
+void SaveOption(const QString &section, const QString &key, const QString &value,
+                const QString &description, qint32 isNew)
+{
+    // A failed existence query leaves its number: a negative one (the
+    // database's) inserts, a positive one updates.
+    const qint32 n = isNew ? 0 : optionExists(section, key);
+    Execute(n < 1 ? insertOption(section, key, value, description)
+                  : updateOption(section, key, value, description));
+}
+
+qint32 GetMaxValue(const QString &table, const QString &field, const QSqlDatabase &connection)
+{
+    try {
+        Recordset rs;
+        const QString sql = QStringLiteral("Select  [") + field + QStringLiteral("]  from [") + table
+                            + QStringLiteral("] Order by [") + field + QLatin1Char(']');
+        if (rs.Open(sql, connection) != 0 || rs.Eof())
+            return 0;
+        rs.MoveLast();
+        return LngVal(rs.Value(0));
+    } catch (const Error &) {
+        return 0;
+    }
+}
+
+} // namespace zolt

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "BenchMain.h"
+
+#include <QApplication>
+
+#include <benchmark/benchmark.h>
+
+#include <cstdio>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace zolt::bench {
+
+namespace {
+
+struct Declared {
+    const char *name;
+    const char *measured;
+    const char *baseline;
+};
+
+std::vector<Declared> &declared()
+{
+    static std::vector<Declared> ratios;
+    return ratios;
+}
+
+// The console's report, and each benchmark's seconds per iteration.
+class Reporter : public benchmark::ConsoleReporter {
+public:
+    void ReportRuns(const std::vector<Run> &runs) override
+    {
+        ConsoleReporter::ReportRuns(runs);
+        for (const Run &run : runs)
+            seconds[run.benchmark_name()] = run.real_accumulated_time / double(run.iterations);
+    }
+    std::map<std::string, double> seconds;
+};
+
+} // namespace
+
+Ratio::Ratio(const char *name, const char *measured, const char *baseline)
+{
+    declared().push_back({name, measured, baseline});
+}
+
+} // namespace zolt::bench
+
+int main(int argc, char **argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    zolt::bench::Reporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    for (const auto &ratio : zolt::bench::declared()) {
+        const auto measured = reporter.seconds.find(ratio.measured);
+        const auto baseline = reporter.seconds.find(ratio.baseline);
+        if (measured != reporter.seconds.end() && baseline != reporter.seconds.end())
+            std::printf("ratio %s %.2f\n", ratio.name, measured->second / baseline->second);
+    }
+    benchmark::Shutdown();
+    return 0;
+}
