@@ -67,7 +67,10 @@ void clsListBox::RemoveItem(int index)
         RemoveKeepingSelection(m_combo, index);
     } else {
         CheckItemIndex(index, ListCount());
+        const bool selected = ListIndex() == index;
         model()->removeRow(index);
+        if (selected)
+            SetListIndex(-1);   // a view would select a neighbour
     }
     if (index < m_itemData.size())
         m_itemData.removeAt(index);

@@ -1,5 +1,9 @@
+// SPDX-License-Identifier: MIT
+#include "controls/DataCombo1.h"
 #include "controls/clsListBox.h"
+#include "search/MFind.h"
 
+#include "DialogSupport.h"
 #include "TestSupport.h"
 
 #include <zolt/Error.h>
@@ -20,7 +24,7 @@ namespace {
 
 void fillGoods(clsListBox &list)
 {
-    const char *goods[][2] = {{"ABC", "Bánh quy"}, {"CF01", "Cà phê"}, {"TR02", "Trà xanh"}};
+    const char *goods[][2] = {{"TR02", "Trà xanh"}, {"ABC", "Bánh quy"}, {"CF01", "Cà phê"}};
     for (const auto &g : goods) {
         list.AddItem(QString::fromUtf8(g[1]));
         list.SetItemData(list.NewIndex(), QString::fromUtf8(g[0]));
@@ -28,140 +32,103 @@ void fillGoods(clsListBox &list)
 }
 
 template <typename Control>
-void expectBinderContract()
+class BinderContract : public ::testing::Test {};
+using Controls = ::testing::Types<QListWidget, QListView, QComboBox>;
+TYPED_TEST_SUITE(BinderContract, Controls);
+
+} // namespace
+
+TYPED_TEST(BinderContract, ItemDataTravelsWithItsText)
 {
-    Control control;
+    TypeParam control;
     clsListBox list;
     list.SetTListBox(&control);
     fillGoods(list);
-    EXPECT_EQ(list.ListCount(), 3);
     EXPECT_EQ(list.ListIndex(), -1);
-    EXPECT_EQ(list.Value(), "");
-
     list.SetValue(QStringLiteral("abc"));   // without regard to case
-    EXPECT_EQ(list.ListIndex(), 0);
     EXPECT_EQ(list.Text(), "Bánh quy");
     list.SetValue(QStringLiteral("none"));
     EXPECT_EQ(list.ListIndex(), -1);
-
     list.AddItem(QStringLiteral("Đường"), 0);
-    EXPECT_EQ(list.NewIndex(), 0);
-    EXPECT_EQ(list.Items(), (QStringList{QString(), QStringLiteral("ABC"), QStringLiteral("CF01"),
-                                         QStringLiteral("TR02")}));
-    EXPECT_EQ(list.List(0), "Đường");
-
+    EXPECT_EQ(list.Items(), (QStringList{QString(), QStringLiteral("TR02"), QStringLiteral("ABC"), QStringLiteral("CF01")}));
     list.SetListIndex(2);
-    EXPECT_EQ(list.Value(), "CF01");
     list.RemoveItem(-1);
     list.RemoveItem(0);
-    EXPECT_EQ(list.ListCount(), 3);
-    EXPECT_EQ(list.ItemData(0), "ABC");
-    EXPECT_THROW(list.ItemData(3), Error);
-    EXPECT_THROW(list.SetItemData(-1, QStringLiteral("x")), Error);
-
-    list.SetList(1, QStringLiteral("Cà phê sữa"));
-    EXPECT_EQ(list.List(1), "Cà phê sữa");
-    list.SetText(QStringLiteral("TRÀ XANH"));
-    EXPECT_EQ(list.Value(), "TR02");
-
+    EXPECT_EQ(list.Value(), "ABC");
+    list.RemoveItem(1);
+    EXPECT_EQ(list.ListIndex(), -1);   // its row is gone
+    for (const auto &bad : std::initializer_list<std::function<void()>>{
+             [&] { list.ItemData(2); }, [&] { list.SetItemData(-1, QString()); },
+             [&] { list.AddItem(QString(), 3); }, [&] { list.RemoveItem(2); }})
+        EXPECT_EQ(test::errorNumberOf(bad), Error::InvalidPropertyIndex);
+    list.SetText(QStringLiteral("CÀ PHÊ"));
+    EXPECT_EQ(list.Value(), "CF01");
     list.Clear();
-    EXPECT_EQ(list.ListCount(), 0);
     EXPECT_TRUE(list.Items().isEmpty());
 }
 
-} // namespace
-
-TEST(clsListBox, BindsAListWidget) { expectBinderContract<QListWidget>(); }
-TEST(clsListBox, BindsAListView) { expectBinderContract<QListView>(); }
-TEST(clsListBox, BindsAComboBox) { expectBinderContract<QComboBox>(); }
-
-TEST(clsListBox, OnlyListsCanBeBound)
+TEST(clsListBox, ASortingListKeepsEachRowsItemData)
 {
-    QLineEdit edit;
+    QListWidget control;
+    control.setSortingEnabled(true);
     clsListBox list;
-    try {
-        list.SetTListBox(&edit);
-        FAIL() << "a line edit was bound";
-    } catch (const Error &e) {
-        EXPECT_EQ(e.number(), Error::TypeMismatch);
-    }
+    list.SetTListBox(&control);
+    fillGoods(list);
+    EXPECT_EQ(list.NewIndex(), 1);   // "Cà phê" sorts between the other two
+    for (int row = 0; row < 3; ++row)
+        EXPECT_EQ(list.ItemData(row), (QStringList{QStringLiteral("ABC"), QStringLiteral("CF01"), QStringLiteral("TR02")}[row]));
+    EXPECT_EQ(test::errorNumberOf([] { QLineEdit edit; clsListBox().SetTListBox(&edit); }), Error::TypeMismatch);
 }
-
-TEST(clsListBox, FindStringIgnoresCase)
-{
-    const QStringList items{QStringLiteral("a"), QStringLiteral("Đức"), QStringLiteral("ĐỨC")};
-    EXPECT_EQ(clsListBox::FindString(items, QStringLiteral("đức")), 1);
-    EXPECT_EQ(clsListBox::FindString(items, QStringLiteral("A")), 0);
-    EXPECT_EQ(clsListBox::FindString(items, QStringLiteral("b")), -1);
-    EXPECT_EQ(clsListBox::FindString(QStringList(), QStringLiteral("b")), -1);
-}
-
-namespace {
-
-class ListForm : public QWidget {
-public:
-    ListForm()
-    {
-        auto *layout = new QVBoxLayout(this);
-        combo = new QComboBox(this);
-        combo->setEditable(true);
-        list = new QListWidget(this);
-        edit = new QLineEdit(this);
-        layout->addWidget(combo);
-        layout->addWidget(list);
-        layout->addWidget(edit);
-        comboBinder.SetTListBox(combo);
-        listBinder.SetTListBox(list);
-        fillGoods(comboBinder);
-        fillGoods(listBinder);
-        show();
-        activateWindow();
-        EXPECT_TRUE(QTest::qWaitForWindowActive(this));
-    }
-    QComboBox *combo;
-    QListWidget *list;
-    QLineEdit *edit;
-    clsListBox comboBinder;
-    clsListBox listBinder;
-};
-
-} // namespace
 
 TEST(clsListBox, TellsWhenTheUserLeftWithAnotherText)
 {
-    ListForm form;
-    QSignalSpy listChanged(&form.listBinder, &clsListBox::TextChanged);
-    form.list->setFocus();
-    form.listBinder.SetListIndex(0);
-    QTest::keyClick(form.list, Qt::Key_Down);
-    QTest::keyClick(form.list, Qt::Key_Tab);
-    EXPECT_TRUE(form.edit->hasFocus());
-    EXPECT_EQ(listChanged.count(), 1);
-    EXPECT_EQ(form.listBinder.Value(), "CF01");
-
-    // Entering and leaving without a change says nothing.
-    form.list->setFocus();
-    QTest::keyClick(form.list, Qt::Key_Tab);
-    EXPECT_EQ(listChanged.count(), 1);
+    QWidget form;
+    auto *layout = new QVBoxLayout(&form);
+    auto *combo = new QComboBox(&form);
+    combo->setEditable(true);
+    auto *edit = new QLineEdit(&form);
+    layout->addWidget(combo);
+    layout->addWidget(edit);
+    clsListBox list;
+    list.SetTListBox(combo);
+    fillGoods(list);
+    list.SetListIndex(2);
+    test::showActive(&form);
+    QSignalSpy changed(&list, &clsListBox::TextChanged);
+    for (const auto &[typed, raised] : {std::pair{"CÀ PHÊ", 0}, {"Sữa", 1}}) {   // case aside, no change
+        combo->setFocus();
+        combo->lineEdit()->selectAll();
+        test::typeText(combo->lineEdit(), QString::fromUtf8(typed));
+        QTest::keyClick(combo, Qt::Key_Tab);
+        EXPECT_TRUE(edit->hasFocus());
+        EXPECT_EQ(changed.count(), raised) << typed;
+    }
 }
 
-TEST(clsListBox, RetypingTheSameTextInAnotherCaseIsNoChange)
+TEST(FillList, FillsAnyItemDataListAndKeepsTheSelectionWhileItsRowExists)
 {
-    ListForm form;
-    form.edit->setFocus();
-    form.comboBinder.SetListIndex(1);
-    QSignalSpy comboChanged(&form.comboBinder, &clsListBox::TextChanged);
-    form.combo->setFocus();
-    QLineEdit *typed = form.combo->lineEdit();
-    typed->selectAll();
-    test::typeText(typed, QStringLiteral("CÀ PHÊ"));
-    form.edit->setFocus(Qt::TabFocusReason);
-    EXPECT_EQ(comboChanged.count(), 0);
+    test::TempDatabase db;
+    db.exec(QStringLiteral("Create Table LstFld(code Integer, [Name] Text, [Desc] Text)"));
+    db.exec(QStringLiteral("Insert Into LstFld Values(2, 'Ten', 'Tên hàng'), (1, 'Ma', 'Mã hàng'), (3, 'Gia', 'Giá')"));
+    const QString fields = QStringLiteral("Select [Name],[Desc] From LstFld");
+    DataCombo1 combo;
+    FillList(combo, QStringLiteral("[code]"), fields);
+    EXPECT_EQ(combo.ListIndex(), -1);   // nothing was selected before the fill
+    combo.SetListIndex(2);
+    FillList(combo, QStringLiteral("[code]"), fields);
+    EXPECT_EQ(combo.Value(), "Gia");
+    EXPECT_EQ(combo.List(0), "Mã hàng");
+    FillList(combo, QString(), QStringLiteral("Select [Name] From Missing"));
+    EXPECT_EQ(combo.ListCount(), 3);    // a failing query leaves the list
+    FillList(combo, QString(), QStringLiteral("Select [Name] From LstFld"));
+    EXPECT_EQ(combo.ListCount(), 0);    // no second column: as far as it got
 
-    form.combo->setFocus();
-    typed->selectAll();
-    test::typeText(typed, QStringLiteral("Sữa"));
-    form.edit->setFocus(Qt::TabFocusReason);
-    EXPECT_EQ(comboChanged.count(), 1);
-    test::saveScreenshot(&form, QStringLiteral("list-binder"));
+    QListView view;
+    clsListBox list;
+    list.SetTListBox(&view);
+    fillGoods(list);
+    list.SetListIndex(2);
+    FillList(list, QStringLiteral("[code] Desc"), fields + QStringLiteral(" Where code<3"));
+    EXPECT_EQ(list.ListIndex(), 0);     // the row is gone: the first is selected
+    EXPECT_EQ(list.Value(), "Ten");
 }

@@ -1,5 +1,7 @@
+// SPDX-License-Identifier: MIT
 #include "data/MdGrid.h"
 
+#include <QComboBox>
 #include <QListWidget>
 
 #include <gtest/gtest.h>
@@ -16,23 +18,27 @@ void fill(QListWidget &list, std::initializer_list<qint32> keys)
 
 } // namespace
 
-TEST(MdGrid, RowsCarryTheirKeys)
+TEST(MdGrid, RowsCarryTheirKeysWhereverTheyGo)
 {
     QListWidget list;
-    fill(list, {5, 7, 9});
-    ASSERT_EQ(list.count(), 3);
-    EXPECT_EQ(list.item(2)->text(), "Nhóm 9");
-    EXPECT_EQ(ListItemData(&list, 1), 7);
+    list.setSortingEnabled(true);   // the keys move with their rows
+    fill(list, {5, 9, 7});
+    EXPECT_EQ(ListItemData(&list, 2), 9);
     EXPECT_EQ(ListItemData(&list, 3), 0);
-
+    EXPECT_EQ(FindItemData(&list, 7), 1);
+    EXPECT_EQ(FindItemData(&list, 8), -1);
+    EXPECT_EQ(SelectedItemData(&list), 0);
     list.setCurrentRow(1);
     SetListText(&list, QStringLiteral("Kế toán"));
-    EXPECT_EQ(list.item(1)->text(), "Kế toán");
-    EXPECT_EQ(ListItemData(&list, 1), 7);
+    EXPECT_EQ(SelectedItemData(&list), 7);
+    EXPECT_EQ(list.item(FindItemData(&list, 7))->text(), "Kế toán");
 
-    list.setCurrentRow(-1);
-    SetListText(&list, QStringLiteral("x"));   // no current row: nothing to replace
-    EXPECT_EQ(list.item(0)->text(), "Nhóm 5");
+    QComboBox combo;
+    for (qint32 key : {10, 20, 30})
+        combo.addItem(QStringLiteral("Nhóm %1").arg(key), key);
+    EXPECT_EQ(FindItemData(&combo, 30), 2);
+    combo.setCurrentIndex(1);
+    EXPECT_EQ(SelectedItemData(&combo), 20);
 }
 
 TEST(MdGrid, TakeSelectedRemovesSelectedRowsInOrder)
@@ -40,25 +46,13 @@ TEST(MdGrid, TakeSelectedRemovesSelectedRowsInOrder)
     QListWidget list;
     list.setSelectionMode(QAbstractItemView::MultiSelection);
     fill(list, {1, 7, 3, 9, 5});
-    list.item(3)->setSelected(true);
-    list.item(1)->setSelected(true);
-
+    for (int row : {3, 1, 2})   // adjacent rows: the row that moves up is looked at too
+        list.item(row)->setSelected(true);
     qint32 count = -1;
-    EXPECT_EQ(TakeSelected(&list, count), "7,9");
-    EXPECT_EQ(count, 2);
-    ASSERT_EQ(list.count(), 3);
-    EXPECT_EQ(ListItemData(&list, 0), 1);
-    EXPECT_EQ(ListItemData(&list, 1), 3);
-    EXPECT_EQ(ListItemData(&list, 2), 5);
-
-    // Adjacent selected rows: the row that moves up is looked at too.
-    list.item(0)->setSelected(true);
-    list.item(1)->setSelected(true);
-    EXPECT_EQ(TakeSelected(&list, count), "1,3");
-    EXPECT_EQ(count, 2);
-    EXPECT_EQ(list.count(), 1);
-
+    EXPECT_EQ(TakeSelected(&list, count), "7,3,9");
+    EXPECT_EQ(count, 3);
+    ASSERT_EQ(list.count(), 2);
+    EXPECT_EQ(ListItemData(&list, 1), 5);
     EXPECT_EQ(TakeSelected(&list, count), "");
     EXPECT_EQ(count, 0);
-    EXPECT_EQ(list.count(), 1);
 }

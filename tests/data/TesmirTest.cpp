@@ -1,129 +1,69 @@
+// SPDX-License-Identifier: MIT
 #include <zolt/Tesmir.h>
 
+#include "TestSupport.h"
+
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
 using namespace zolt;
+using test::readFile;
+using test::writeFile;
 
-namespace {
-
-QByteArray readAll(const QString &path)
+TEST(Tesmir, NumbersWithDotsBetweenThousands)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<missing>");
-}
-
-void writeAll(const QString &path, const QByteArray &data)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(data);
-}
-
-} // namespace
-
-TEST(Numbers, CvNStrGroupsThousandsWithDots)
-{
-    Tesmir t;
-    EXPECT_EQ(t.CvNStr(QStringLiteral("1234567")), "1.234.567");
-    EXPECT_EQ(t.CvNStr(QStringLiteral("-1234,5")), "-1.234,5");
-    EXPECT_EQ(t.CvNStr(QStringLiteral("123")), "123");
-    EXPECT_EQ(t.CvNStr(QStringLiteral("+1000")), "+1.000");
-    EXPECT_EQ(t.CvNStr(QStringLiteral("")), "");
-    EXPECT_EQ(t.CvNStr(QStringLiteral("  1000000,25  ")), "1.000.000,25");
-    EXPECT_EQ(t.CvNStr(QStringLiteral("1234.5")), "123.4.5");   // only "," is a decimal separator
-    EXPECT_EQ(t.CvNStr(QStringLiteral("abcd")), "a.bcd");       // not checked to be a number
-    EXPECT_EQ(t.CvNStr(QVariant(1234567)), "1.234.567");
-    EXPECT_EQ(t.CvNStr(QVariant()), "");
-}
-
-TEST(Numbers, CvTextToNReadsTheGroupedForm)
-{
-    Tesmir t;
-    EXPECT_DOUBLE_EQ(t.CvTextToN(QStringLiteral("-1.234,5")), -1234.5);
-    EXPECT_DOUBLE_EQ(t.CvTextToN(QStringLiteral("1.234")), 1234);
-    EXPECT_DOUBLE_EQ(t.CvTextToN(QStringLiteral("12,05")), 12.05);
-    EXPECT_DOUBLE_EQ(t.CvTextToN(QStringLiteral("abc")), 0);
-    EXPECT_DOUBLE_EQ(t.CvTextToN(QStringLiteral("-1.234")), -1234);   // sign kept without decimals
-    EXPECT_DOUBLE_EQ(t.CvTextToN(QStringLiteral(" 1.000.000 , 25 ")), 1000000.25);
-    EXPECT_DOUBLE_EQ(t.CvTextToN(QStringLiteral("")), 0);
-    EXPECT_DOUBLE_EQ(t.CvTextToN(QStringLiteral("12,x")), 12);
-    for (const char *text : {"1.234.567", "-1.234,5", "0,001", "999"})
-        EXPECT_EQ(t.CvNStr(t.CvNStr(QString::fromLatin1(text)).remove(QLatin1Char('.'))),
-                  QString::fromLatin1(text));
-}
-
-TEST(Numbers, SignAndMid1)
-{
-    Tesmir t;
-    EXPECT_EQ(t.Sign(QStringLiteral("-5")), "-");
-    EXPECT_EQ(t.Sign(QStringLiteral("+5")), "+");
-    EXPECT_EQ(t.Sign(QStringLiteral("5-")), "");
-    EXPECT_EQ(t.Sign(QString()), "");
-    EXPECT_EQ(t.Mid1(QStringLiteral("abc"), 0), "");
-    EXPECT_EQ(t.Mid1(QStringLiteral("abc"), 4), "");
-    EXPECT_EQ(t.Mid1(QStringLiteral("abc"), -1), "");
-    EXPECT_EQ(t.Mid1(QStringLiteral("abc"), 3), "c");
-    EXPECT_EQ(t.Mid1(QStringLiteral("Đức"), 1), "Đ");
-}
-
-TEST(Names, UserAndComputerAreKnown)
-{
-    Tesmir t;
+    const Tesmir t;
+    const std::pair<const char *, const char *> shown[] = {
+        {"1234567", "1.234.567"}, {"-1234,5", "-1.234,5"}, {"+1000", "+1.000"}, {"", ""},
+        {"  1000000,25  ", "1.000.000,25"}, {"1234.5", "123.4.5"} /* only "," separates decimals */,
+        {"abcd", "a.bcd"} /* not checked to be a number */};
+    for (const auto &[input, text] : shown)
+        EXPECT_EQ(t.CvNStr(QString::fromLatin1(input)), text);
+    const std::pair<const char *, double> read[] = {
+        {"-1.234,5", -1234.5}, {"12,05", 12.05}, {"abc", 0}, {"-1.234", -1234}, {" 1.000.000 , 25 ", 1000000.25},
+        {"12,x", 12}};
+    for (const auto &[input, number] : read)
+        EXPECT_DOUBLE_EQ(t.CvTextToN(QString::fromLatin1(input)), number) << input;
+    EXPECT_EQ(t.Sign(QStringLiteral("-5")) + t.Sign(QStringLiteral("5-")) + t.Sign(QString()), "-");
+    EXPECT_EQ(t.Mid1(QStringLiteral("Đức"), 1) + t.Mid1(QStringLiteral("abc"), 0) + t.Mid1(QStringLiteral("abc"), 4), "Đ");
     EXPECT_FALSE(t.GetUSName().isEmpty());
     EXPECT_FALSE(t.GetPCName().isEmpty());
 }
 
-class CopyTest : public ::testing::Test {
-protected:
-    QString path(const QString &name) const { return dir.filePath(name); }
-    QTemporaryDir dir;
-    Tesmir t;
-};
-
-TEST_F(CopyTest, CopiesAndHonoursFailIfExists)
+TEST(Tesmir, ProfileValuesComeBackThroughATwoHundredFiftyFiveCharacterBuffer)
 {
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("user.ini"));
+    const Tesmir t;
+    t.WriteRegA(QStringLiteral("Admin"), QStringLiteral("LastDb"), QString(300, QLatin1Char('x')), path);
+    EXPECT_EQ(t.ReadRegVlA(QStringLiteral("admin"), QStringLiteral("LASTDB"), path), QString(254, QLatin1Char('x')));
+}
+
+TEST(Tesmir, CopiesWholeOrNotAtAll)
+{
+    QTemporaryDir dir;
+    const auto path = [&](const char *name) { return dir.filePath(QLatin1String(name)); };
     QByteArray big(3 << 20, 'x');   // larger than one copy block
     big[big.size() - 1] = 'y';
-    writeAll(path(QStringLiteral("data.db")), big);
+    writeFile(path("data.db"), big);
+    writeFile(path("keep.db"), "old");
+    const Tesmir t;
+    EXPECT_NE(t.CopyFile(path("data.db"), path("copy.db"), 1), 0);
+    EXPECT_EQ(readFile(path("copy.db")), big);
+    EXPECT_EQ(t.CopyFile(path("data.db"), path("keep.db"), 1), 0);   // fail if it exists
+    EXPECT_EQ(readFile(path("keep.db")), "old");
+    EXPECT_NE(t.BackUpData(path("data.db"), path("keep.db")), 0);
+    EXPECT_EQ(readFile(path("keep.db")), big);
 
-    EXPECT_NE(t.CopyFile(path(QStringLiteral("data.db")), path(QStringLiteral("copy.db")), 1), 0);
-    EXPECT_EQ(readAll(path(QStringLiteral("copy.db"))), big);
+    EXPECT_EQ(t.CopyFile(path("missing.db"), path("out.db"), 0), 0);
+    EXPECT_EQ(t.CopyFile(path("data.db"), path("no/such/dir/out.db"), 0), 0);
+    EXPECT_EQ(t.CopyFile(path("data.db"), dir.path(), 0), 0);
+    EXPECT_EQ(t.BackUpData(path("data.db"), path("data.db")), 0);
+    EXPECT_EQ(readFile(path("data.db")), big);
+    EXPECT_EQ(QDir(dir.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size(), 3);   // nothing left behind
 
-    writeAll(path(QStringLiteral("keep.db")), "old");
-    EXPECT_EQ(t.CopyFile(path(QStringLiteral("data.db")), path(QStringLiteral("keep.db")), 1), 0);
-    EXPECT_EQ(readAll(path(QStringLiteral("keep.db"))), "old");
-    EXPECT_NE(t.CopyFile(path(QStringLiteral("data.db")), path(QStringLiteral("keep.db")), 0), 0);
-    EXPECT_EQ(readAll(path(QStringLiteral("keep.db"))), big);
-}
-
-TEST_F(CopyTest, BackUpDataOverwrites)
-{
-    writeAll(path(QStringLiteral("data.db")), "new data");
-    writeAll(path(QStringLiteral("backup.db")), "previous backup");
-    EXPECT_NE(t.BackUpData(path(QStringLiteral("data.db")), path(QStringLiteral("backup.db"))), 0);
-    EXPECT_EQ(readAll(path(QStringLiteral("backup.db"))), "new data");
-}
-
-TEST_F(CopyTest, FailuresReturnZeroAndLeaveNothingBehind)
-{
-    writeAll(path(QStringLiteral("data.db")), "data");
-    EXPECT_EQ(t.CopyFile(path(QStringLiteral("missing.db")), path(QStringLiteral("out.db")), 0), 0);
-    EXPECT_EQ(t.CopyFile(path(QStringLiteral("data.db")), path(QStringLiteral("no/such/dir/out.db")), 0), 0);
-    EXPECT_EQ(t.CopyFile(path(QStringLiteral("data.db")), dir.path(), 0), 0);
-    EXPECT_EQ(t.CopyFile(dir.path(), path(QStringLiteral("out.db")), 0), 0);
-    EXPECT_EQ(t.BackUpData(path(QStringLiteral("data.db")), path(QStringLiteral("data.db"))), 0);
-    EXPECT_EQ(readAll(path(QStringLiteral("data.db"))), "data");
-    EXPECT_EQ(QDir(dir.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-              QStringList{QStringLiteral("data.db")});
-}
-
-TEST(WinHelp, MissingFilesCannotBeOpened)
-{
-    Tesmir t;
     EXPECT_EQ(t.WinHelp(0, QStringLiteral("/no/such/help.chm"), 1, 0), 0);
     EXPECT_NE(t.WinHelp(0, QString(), 2, 0), 0);   // closing help always succeeds
 }

@@ -1,8 +1,9 @@
+// SPDX-License-Identifier: MIT
 #include "data/Conversions.h"
 #include "logon/FrmLogon.h"
 #include "logon/MdlLogon.h"
-#include "msgbox/MessageBox.h"
 
+#include "DialogSupport.h"
 #include "TestSupport.h"
 
 #include <zolt/Error.h>
@@ -11,30 +12,19 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
 using namespace zolt;
-
-TEST(EncodePassword, WeighsUpperCasedCharactersByPowersOfFour)
-{
-    EXPECT_EQ(EncodePassword(QStringLiteral("AB")), 329);
-    EXPECT_EQ(EncodePassword(QStringLiteral("BA")), 326);
-    EXPECT_EQ(EncodePassword(QStringLiteral("A")), 65);
-    EXPECT_EQ(EncodePassword(QString()), 0);
-    EXPECT_EQ(EncodePassword(QStringLiteral("admin")), EncodePassword(QStringLiteral("ADMIN")));
-    EXPECT_EQ(EncodePassword(QStringLiteral("café")), 0);
-    EXPECT_EQ(EncodePassword(QStringLiteral("a\tb")), 0);
-    const double long24 = EncodePassword(QString(24, QLatin1Char('A')));
-    EXPECT_GE(long24, 1e15);
-    EXPECT_TRUE(DoubleToText(long24).contains(QStringLiteral("E+")));
-    EXPECT_EQ(test::errorNumberOf([] { EncodePassword(QString(600, QLatin1Char('z'))); }), 6);
-}
+using test::child;
 
 namespace {
 
-const QString LongPassword = QStringLiteral("MatKhauRatDaiChoKeToan24");   // 24 characters
+const QString LongPassword = QStringLiteral("MatKhauRatDaiChoKeToan24");   // 24 characters: exponent form
+const QString NotFound = QStringLiteral("Login|Mật khẩu hoặc người sử dụng không hợp lệ ");
+const QString Failed = QStringLiteral("Login|Mật khẩu hoặc người sử dụng không hợp lệ");
 
 class LogonTest : public ::testing::Test {
 protected:
@@ -42,32 +32,26 @@ protected:
     {
         db.exec(QStringLiteral("Create Table [User](Code Integer Primary Key, [Name] Text, Dec Text, "
                                "[Password] Double, IdGroup Integer)"));
-        addUser(1, QStringLiteral("admin"), QStringLiteral("admin"));
-        addUser(7, QStringLiteral("Nguyễn Văn An"), LongPassword);
-        addUser(9, QStringLiteral("khach"), QString());
+        for (const auto &[code, name, password] : {std::tuple{1, "admin", QStringLiteral("admin")},
+                                                   {7, "Nguyễn Văn An", LongPassword}, {9, "khach", QString()}})
+            db.exec(QStringLiteral("Insert Into [User] Values(%1, '%2', '', %3, 1)")
+                        .arg(code).arg(QString::fromUtf8(name), DoubleToText(EncodePassword(password))));
     }
-    void addUser(int code, const QString &name, const QString &password)
-    {
-        db.exec(QStringLiteral("Insert Into [User] Values(%1, '%2', '', %3, 1)")
-                    .arg(code).arg(name, DoubleToText(EncodePassword(password))));
-    }
-
     // Shows the logon and acts on it with real keys and clicks once it is up.
-    qint32 logon(const std::function<void(FrmLogon &)> &act)
+    qint32 logon(const std::function<void(QWidget &)> &act)
     {
-        test::whenModalShows([act](QWidget *dialog) {
-            auto *form = qobject_cast<FrmLogon *>(dialog);
-            ASSERT_NE(form, nullptr);
-            act(*form);
-        });
+        test::whenModalShows([act](QWidget *dialog) { act(*dialog); });
         return clsLogon().ShowLogon(db.db());
     }
-
     test::TempDatabase db;
 };
 
+QLineEdit *user(QWidget &form) { return child<QLineEdit>(&form, "Txtuser"); }
+QLineEdit *password(QWidget &form) { return child<QLineEdit>(&form, "TxtPass"); }
+void click(QWidget &form, const char *button) { QTest::mouseClick(child<QPushButton>(&form, button), Qt::LeftButton); }
+
 // Types into the focused field and presses Enter, which moves on like Tab.
-void typeAndEnter(FrmLogon &form, const QString &text)
+void typeAndEnter(QWidget &form, const QString &text)
 {
     test::typeText(form.focusWidget(), text);
     QTest::keyClick(form.focusWidget(), Qt::Key_Return);
@@ -75,144 +59,92 @@ void typeAndEnter(FrmLogon &form, const QString &text)
 }
 
 // Clicks Đồng ý and answers the message it brings; returns that message.
-QString clickOkAndReadRefusal(FrmLogon &form)
+QString clickOkAndReadRefusal(QWidget &form)
 {
     QString shown;
-    test::whenModalShows([&shown](QWidget *dialog) {
-        auto *box = qobject_cast<MessageBox *>(dialog);
-        ASSERT_NE(box, nullptr);
-        shown = box->label4->text() + QLatin1Char('|') + box->Message->text();
-        test::saveScreenshot(box, QStringLiteral("logon-refused"));
+    test::whenModalShows([&shown](QWidget *box) {
+        shown = child<QLabel>(box, "label4")->text() + QLatin1Char('|') + child<QLabel>(box, "Message")->text();
         QTest::keyClick(box->focusWidget(), Qt::Key_Return);
     });
-    QTest::mouseClick(form.CmdOk, Qt::LeftButton);
+    click(form, "CmdOk");
     EXPECT_TRUE(QTest::qWaitForWindowActive(&form));   // back to the logon
     return shown;
 }
 
-void cancel(FrmLogon &form)
-{
-    QTest::mouseClick(form.CmdCan, Qt::LeftButton);
-}
-
-const QString NotFound = QStringLiteral("Login|Mật khẩu hoặc người sử dụng không hợp lệ ");
-const QString Failed = QStringLiteral("Login|Mật khẩu hoặc người sử dụng không hợp lệ");
-
 } // namespace
 
-TEST_F(LogonTest, TheRightPasswordReturnsTheUsersCode)
+TEST_F(LogonTest, TheRightPasswordReturnsTheUsersCodeByEnterAlone)
 {
-    const qint32 code = logon([](FrmLogon &form) {
+    EXPECT_EQ(logon([](QWidget &form) {
         EXPECT_EQ(form.windowTitle(), "Login");
-        EXPECT_FALSE(form.Image1->pixmap().isNull());
+        // Centred at the size its layout gave it.
+        EXPECT_EQ(form.frameGeometry().center().x(), form.screen()->geometry().center().x());
         typeAndEnter(form, QStringLiteral("admin"));
-        EXPECT_TRUE(form.TxtPass->hasFocus());
-        typeAndEnter(form, QStringLiteral("ADMIN"));    // passwords are case-blind
-        EXPECT_TRUE(form.CmdOk->hasFocus());
-        test::saveScreenshot(&form, QStringLiteral("logon"));
-        QTest::keyClick(form.CmdOk, Qt::Key_Return);     // Enter on the button logs on
-    });
-    EXPECT_EQ(code, 1);
-    EXPECT_TRUE(db.statements().contains(
-        QStringLiteral("SELECT  *  FROM [User] WHERE ([Name]='admin') And ( [Password]=%1)")
-            .arg(DoubleToText(EncodePassword(QStringLiteral("admin"))))));
-}
+        EXPECT_TRUE(password(form)->hasFocus());
+        typeAndEnter(form, QStringLiteral("ADMIN"));   // passwords are case-blind
+        EXPECT_TRUE(child(&form, "CmdOk")->hasFocus());
+        QTest::keyClick(form.focusWidget(), Qt::Key_Return);   // Enter on the button logs on
+    }), 1);
+    EXPECT_TRUE(db.statements().contains(QStringLiteral("SELECT  *  FROM [User] WHERE ([Name]='admin') And ( [Password]=26209)")));
 
-TEST_F(LogonTest, NamesAreTrimmedAndLongPasswordsCompareInExponentForm)
-{
-    EXPECT_EQ(logon([](FrmLogon &form) {
-        typeAndEnter(form, QStringLiteral("  Nguyễn Văn An  "));
-        test::typeText(form.TxtPass, QStringLiteral(" ") + LongPassword.toLower());
-        QTest::mouseClick(form.CmdOk, Qt::LeftButton);
+    EXPECT_EQ(logon([](QWidget &form) {
+        typeAndEnter(form, QStringLiteral("  Nguyễn Văn An  "));   // names are trimmed
+        test::typeText(password(form), QStringLiteral(" ") + LongPassword.toLower());
+        click(form, "CmdOk");
     }), 7);
     EXPECT_TRUE(db.statements().last().contains(QStringLiteral("[Name]='Nguyễn Văn An') And ( [Password]=")));
     EXPECT_TRUE(db.statements().last().contains(QStringLiteral("E+")));
-
-    EXPECT_EQ(logon([](FrmLogon &form) {   // an empty password is allowed
-        test::typeText(form.Txtuser, QStringLiteral("khach"));
-        QTest::mouseClick(form.CmdOk, Qt::LeftButton);
+    EXPECT_EQ(logon([](QWidget &form) {   // an empty password is allowed
+        test::typeText(user(form), QStringLiteral("khach"));
+        click(form, "CmdOk");
     }), 9);
 }
 
-TEST_F(LogonTest, AWrongPasswordIsRefusedAndTheNameSelected)
+TEST_F(LogonTest, AWrongPasswordIsRefusedAndTheNameSelectedForAnotherTry)
 {
-    const qint32 code = logon([](FrmLogon &form) {
+    EXPECT_EQ(logon([](QWidget &form) {
         typeAndEnter(form, QStringLiteral("admin"));
-        test::typeText(form.TxtPass, QStringLiteral("sai"));
+        test::typeText(password(form), QStringLiteral("sai"));
         EXPECT_EQ(clickOkAndReadRefusal(form), NotFound);
-        EXPECT_TRUE(form.isVisible());
-        EXPECT_TRUE(form.Txtuser->hasFocus());
-        EXPECT_EQ(form.Txtuser->selectedText(), "admin");
-        EXPECT_EQ(form.UserCode, 0);
-        // Another try after the refusal succeeds.
-        form.TxtPass->setFocus();
-        form.TxtPass->selectAll();
-        test::typeText(form.TxtPass, QStringLiteral("admin"));
-        QTest::mouseClick(form.CmdOk, Qt::LeftButton);
-    });
-    EXPECT_EQ(code, 1);
+        EXPECT_TRUE(user(form)->hasFocus());
+        EXPECT_EQ(user(form)->selectedText(), "admin");
+        password(form)->selectAll();
+        test::typeText(password(form), QStringLiteral("admin"));
+        click(form, "CmdOk");
+    }), 1);
 }
 
-TEST_F(LogonTest, ANameWithAQuoteNeverReachesTheDatabase)
+TEST_F(LogonTest, FailuresTakeTheErrorBranchAndQuotesNeverReachTheDatabase)
 {
-    const qint32 code = logon([this](FrmLogon &form) {
-        test::typeText(form.Txtuser, QStringLiteral("x') Or ('1'='1"));
-        test::typeText(form.TxtPass, QStringLiteral("x"));
-        const int before = int(db.statements().size());
+    EXPECT_EQ(logon([this](QWidget &form) {
+        test::typeText(user(form), QStringLiteral("x') Or ('1'='1"));
+        const qsizetype before = db.statements().size();
         EXPECT_EQ(clickOkAndReadRefusal(form), Failed);
         EXPECT_EQ(db.statements().size(), before);
         // The error branch leaves the first character out of the selection.
-        EXPECT_EQ(form.Txtuser->selectedText(), "') Or ('1'='1");
-        cancel(form);
-    });
-    EXPECT_EQ(code, 0);
-}
-
-TEST_F(LogonTest, AMissingTableOrAClosedConnectionTakesTheErrorBranch)
-{
+        EXPECT_EQ(user(form)->selectedText(), "') Or ('1'='1");
+        click(form, "CmdCan");
+    }), 0);
     db.exec(QStringLiteral("Drop Table [User]"));
-    EXPECT_EQ(logon([](FrmLogon &form) {
-        test::typeText(form.Txtuser, QStringLiteral("admin"));
+    EXPECT_EQ(logon([](QWidget &form) {
+        test::typeText(user(form), QStringLiteral("admin"));
         EXPECT_EQ(clickOkAndReadRefusal(form), Failed);
-        cancel(form);
-    }), 0);
-
-    db.db().close();
-    EXPECT_EQ(logon([](FrmLogon &form) {
-        test::typeText(form.Txtuser, QStringLiteral("admin"));
-        EXPECT_EQ(clickOkAndReadRefusal(form), Failed);
-        cancel(form);
+        form.close();
     }), 0);
 }
 
-TEST_F(LogonTest, CancelEscapeAndTheCloseBoxReturnZero)
+TEST_F(LogonTest, OkWaitsForANameAndEscapeCancels)
 {
-    EXPECT_EQ(logon([](FrmLogon &form) {
-        test::typeText(form.Txtuser, QStringLiteral("admin"));
-        cancel(form);
+    EXPECT_EQ(logon([](QWidget &form) {
+        QWidget *ok = child(&form, "CmdOk");
+        EXPECT_FALSE(ok->isEnabled());
+        test::typeText(user(form), QStringLiteral("   "));
+        EXPECT_FALSE(ok->isEnabled());
+        test::typeText(user(form), QStringLiteral("a"));
+        EXPECT_TRUE(ok->isEnabled());
+        click(form, "CmdHelp");   // does nothing
+        QTest::keyClick(user(form), Qt::Key_Escape);
     }), 0);
-    EXPECT_EQ(logon([](FrmLogon &form) { form.close(); }), 0);
-    EXPECT_EQ(logon([](FrmLogon &form) { QTest::keyClick(form.Txtuser, Qt::Key_Escape); }), 0);
-}
-
-TEST_F(LogonTest, OkWaitsForANameAndHelpDoesNothing)
-{
-    logon([](FrmLogon &form) {
-        EXPECT_FALSE(form.CmdOk->isEnabled());
-        test::typeText(form.Txtuser, QStringLiteral("   "));
-        EXPECT_FALSE(form.CmdOk->isEnabled());
-        test::typeText(form.Txtuser, QStringLiteral("a"));
-        EXPECT_TRUE(form.CmdOk->isEnabled());
-        EXPECT_EQ(form.CmdOk->toolTip(), "Click here to Logon!");
-        QTest::mouseClick(form.CmdHelp, Qt::LeftButton);
-        QTest::qWait(50);
-        EXPECT_TRUE(form.isVisible());
-        cancel(form);
-    });
-}
-
-TEST(LogonConnection, AQSqlDatabaseWithoutADriverIsATypeMismatch)
-{
-    // Raised before any dialog shows: a dialog would wait here for ever.
+    // A QSqlDatabase without a driver is refused before a dialog would wait for ever.
     EXPECT_EQ(test::errorNumberOf([] { clsLogon().ShowLogon(QSqlDatabase()); }), Error::TypeMismatch);
 }
