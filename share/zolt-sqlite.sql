@@ -1,3 +1,4 @@
+-- SPDX-License-Identifier: MIT
 -- The tables the ZOLT library reads and writes, for SQLite.
 -- Run once on a new database: every statement ends with a semicolon at the
 -- end of its line. The library composes its SQL with [bracketed] names,

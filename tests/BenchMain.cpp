@@ -5,6 +5,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <array>
 #include <cstdio>
 #include <map>
 #include <string>
@@ -14,15 +15,9 @@ namespace zolt::bench {
 
 namespace {
 
-struct Declared {
-    const char *name;
-    const char *measured;
-    const char *baseline;
-};
-
-std::vector<Declared> &declared()
+std::vector<std::array<const char *, 3>> &declared()
 {
-    static std::vector<Declared> ratios;
+    static std::vector<std::array<const char *, 3>> ratios;   // name, measured, baseline
     return ratios;
 }
 
@@ -55,11 +50,9 @@ int main(int argc, char **argv)
     benchmark::Initialize(&argc, argv);
     zolt::bench::Reporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
-    for (const auto &ratio : zolt::bench::declared()) {
-        const auto measured = reporter.seconds.find(ratio.measured);
-        const auto baseline = reporter.seconds.find(ratio.baseline);
-        if (measured != reporter.seconds.end() && baseline != reporter.seconds.end())
-            std::printf("ratio %s %.2f\n", ratio.name, measured->second / baseline->second);
+    for (const auto &[name, measured, baseline] : zolt::bench::declared()) {
+        if (reporter.seconds.count(measured) && reporter.seconds.count(baseline))
+            std::printf("ratio %s %.2f\n", name, reporter.seconds[measured] / reporter.seconds[baseline]);
     }
     benchmark::Shutdown();
     return 0;

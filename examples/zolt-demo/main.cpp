@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 // Bán hàng ZOLT: a small sales application that uses the ZOLT library for its
 // logon and its messages.
 #include "DemoDatabase.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "controls/DataCombo1.h"
 
 #include "data/Conversions.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "controls/clsListBox.h"
 
 #include "data/Conversions.h"

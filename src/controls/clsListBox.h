@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // Gives a plain list (QListWidget, QListView) or combo box the string item data

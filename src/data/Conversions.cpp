@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "data/Conversions.h"
 
 #include <zolt/Error.h>

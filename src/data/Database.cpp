@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "data/Database.h"
 
 #include "data/Conversions.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <zolt/Error.h>
 
 namespace zolt {

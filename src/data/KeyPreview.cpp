@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "data/KeyPreview.h"
 
 #include "data/General.h"

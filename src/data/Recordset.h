@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // A forward and backward readable result of one SELECT, with the record-set

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "data/SqlFunc.h"
 
 #include "data/Conversions.h"

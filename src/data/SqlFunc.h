@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // SQL literals and the growing of INSERT and UPDATE statements one column at a time.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <zolt/Tesmir.h>
 
 #include "data/Conversions.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <zolt/clsRegistry.h>
 
 #include "data/Conversions.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // The logon dialog: a user name and a password, looked up in the table [User].

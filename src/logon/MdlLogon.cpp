@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "logon/MdlLogon.h"
 
 #include "data/Conversions.h"

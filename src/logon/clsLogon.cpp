@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include <zolt/clsLogon.h>
 
 #include "data/Database.h"

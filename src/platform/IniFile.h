@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // Initialisation files with the private-profile rules: "[Section]" headers and

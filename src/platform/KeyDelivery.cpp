@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/KeyDelivery.h"
 
 #include <QGuiApplication>

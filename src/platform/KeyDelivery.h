@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // Synthetic key strokes. A stroke is a virtual-key code (the classic numbers:

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/OdbcIni.h"
 
 #include <zolt/Enums.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // The keys under SOFTWARE\ODBC\ODBC.INI, kept by unixODBC: under the local

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // Colour numbers as the classic controls kept them: 0x00BBGGRR for a fixed

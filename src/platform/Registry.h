@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // The registry off Windows: the same root keys, "\"-separated key paths

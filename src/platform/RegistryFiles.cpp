@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "platform/RegistryFiles.h"
 
 #include "data/Conversions.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #include "search/MFind.h"
 
 #include "controls/ItemDataList.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: MIT
 #pragma once
 
 // Queries of the search wizard: record sets on the library's connection, the

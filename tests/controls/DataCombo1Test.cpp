@@ -116,9 +116,8 @@ TEST_F(DataCombo1Test, HeightFollowsTheInnerCombosFont)
     big.setPointSize(28);
     combo->Cmb1()->setFont(big);   // as the dialog set-up gives it
     QTest::qWait(1);
-    EXPECT_EQ(combo->height(), combo->Cmb1()->sizeHint().height());
-    EXPECT_EQ(combo->Cmb1()->geometry(), QRect(0, 0, combo->width(), combo->height()));
-    EXPECT_FALSE(combo->findChild<QComboBox *>(QStringLiteral("Cmb2"))->isVisibleTo(combo));
+    EXPECT_EQ(combo->Cmb1()->geometry(), QRect(0, 0, combo->width(), combo->Cmb1()->sizeHint().height()));
+    EXPECT_EQ(combo->height(), combo->Cmb1()->height());
 }
 
 TEST(DataCombo1, PropertyBagKeepsItsAsymmetries)

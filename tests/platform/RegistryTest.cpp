@@ -47,11 +47,11 @@ protected:
         registry.GetKeyValue(root, key, name, value);
         return value;
     }
-    // What unixODBC's own tool lists.
-    static QString odbcinst(const QStringList &args)
+    // What unixODBC's own tool lists of a data source.
+    static QString odbcinst(const QString &dsn)
     {
         QProcess tool;
-        tool.start(QStringLiteral("odbcinst"), args);
+        tool.start(QStringLiteral("odbcinst"), {QStringLiteral("-q"), QStringLiteral("-s"), QStringLiteral("-n"), dsn});
         EXPECT_TRUE(tool.waitForFinished());
         return QString::fromUtf8(tool.readAllStandardOutput());
     }
@@ -155,7 +155,7 @@ TEST_F(RegistryTest, DataSourcesAreUnixOdbcs)
 {
     registry.Create_DSN(QStringLiteral("BanHang"), QStringLiteral("Dữ liệu bán hàng"), QStringLiteral("SalesDb"),
                         QStringLiteral("srv01"), QStringLiteral("SQL Server"));
-    const QString entries = odbcinst({QStringLiteral("-q"), QStringLiteral("-s"), QStringLiteral("-n"), QStringLiteral("BanHang")});
+    const QString entries = odbcinst(QStringLiteral("BanHang"));
     for (const char *line : {"Database=SalesDb", "Description=Dữ liệu bán hàng", "LastUser=sa", "Server=srv01",
                              "AnsiNPW=No", "Driver=SQL Server"})
         EXPECT_TRUE(entries.contains(QString::fromUtf8(line))) << line << "\n" << entries.toStdString();
@@ -163,22 +163,11 @@ TEST_F(RegistryTest, DataSourcesAreUnixOdbcs)
     EXPECT_EQ(read(HK_CURRENT_USER, OdbcIni + QStringLiteral("BanHang"), QStringLiteral("Server")), "<untouched>");
 
     registry.Create_DSN_EXL(QStringLiteral("SoKho"), QStringLiteral("/data"), QStringLiteral("/data/kho.xls"), QStringLiteral("excel 5.0"));
-    registry.Create_DSN_EXL(QStringLiteral("SoRieng"), QStringLiteral("/data"), QStringLiteral("/b.xls"), QStringLiteral("x"), QStringLiteral("278"));
     EXPECT_EQ(read(HK_LOCAL_MACHINE, OdbcIni + QStringLiteral("SoKho"), QStringLiteral("DriverId")), "790");
-    EXPECT_EQ(read(HK_LOCAL_MACHINE, OdbcIni + QStringLiteral("SoRieng"), QStringLiteral("DriverId")), "278");
     EXPECT_EQ(read(HK_LOCAL_MACHINE, OdbcIni + QStringLiteral("SoKho\\Engines\\Excel"), QStringLiteral("Threads")), "3");
-    EXPECT_TRUE(odbcinst({QStringLiteral("-q"), QStringLiteral("-s")}).contains(QStringLiteral("[SoRieng]")));
 
     // A user's data source goes to the user's file.
     EXPECT_EQ(registry.WriteRegEdit(HK_CURRENT_USER, OdbcIni + QStringLiteral("Rieng"), QStringLiteral("Server"),
                                     QStringLiteral("may-ban")), 0);
     EXPECT_TRUE(test::readFile(dir.filePath(QStringLiteral("user.ini"))).contains("Server=may-ban"));
-}
-
-TEST_F(RegistryTest, WithoutRightsNoSystemDataSourceIsCreated)
-{
-    if (::geteuid() != 0)
-        GTEST_SKIP() << "needs root to run a writer as another user";
-    test::runWriter({QStringLiteral("dsn"), QStringLiteral("Khong")}, true);
-    EXPECT_FALSE(odbcinst({QStringLiteral("-q"), QStringLiteral("-s")}).contains(QStringLiteral("[Khong]")));
 }
