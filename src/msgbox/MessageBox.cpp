@@ -192,7 +192,6 @@ qint32 MessageBox::GetReturn(const QString &St, const QString &sTag)
 void MessageBox::SetTitle(const QString &title)
 {
     label4->setText(title);
-    layOut();
 }
 
 void MessageBox::SetMessage(const QString &text)

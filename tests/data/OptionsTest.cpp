@@ -40,8 +40,10 @@ TEST_F(OptionsTest, ReadsTheStoredValueOrTheDefault)
 
 TEST_F(OptionsTest, UpdatesAnExistingKeyAndInsertsANewOne)
 {
-    SaveOption(QStringLiteral("Kho"), QStringLiteral("Mặc định"), QStringLiteral("Kho 'A'"), QString(), 0);
+    SaveOption(QStringLiteral("Kho"), QStringLiteral("Mặc định"), QStringLiteral("Kho 'A' \"B\""), QString(), 0);
     EXPECT_TRUE(db.scalar(QStringLiteral("Select Description From Options")).isNull());
+    // Double quotes are doubled too, and between apostrophes the database keeps both.
+    EXPECT_EQ(column("KeyValue"), "Kho 'A' \"\"B\"\"");
     SaveOption(QStringLiteral("Kho"), QStringLiteral("Mặc định"), QStringLiteral("Kho B"), QStringLiteral("chính"), 0);
     EXPECT_EQ(column("Count(*)"), "1");
     EXPECT_EQ(column("Description"), "chính ");

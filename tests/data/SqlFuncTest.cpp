@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "data/Database.h"
 #include "data/SqlFunc.h"
 
 #include "TestSupport.h"
@@ -42,21 +41,4 @@ TEST(GrowingStatements, AddValuesAndAddSet)
     EXPECT_EQ(AddSet(QStringLiteral("Update T Set A='c'  Where K='a'"), QStringLiteral("D"), QStringLiteral("d")),
               "Update T Set D='d ',A='c'  Where K='a'");
     EXPECT_EQ(AddSet(QStringLiteral("Update T Where A=1"), QStringLiteral("B"), QStringLiteral("x")), "");
-}
-
-TEST(GrowingStatements, RunOnSQLiteAndKeepTheTrailingBlank)
-{
-    test::TempDatabase db;
-    db.exec(QStringLiteral("Create Table Options([Section] Text, KeyName Text, KeyValue Text, Description Text)"));
-    Execute(AddValues(QStringLiteral("Insert Into Options([Section],KeyName,KeyValue) Values(")
-                          + SqlValue(QStringLiteral("Người's"), QStringLiteral("S")) + QStringLiteral(",'k',")
-                          + SqlValue(QStringLiteral("a\"b"), QStringLiteral("S")) + QLatin1Char(')'),
-                      QStringLiteral("Description"), QStringLiteral("ghi chú")));
-    EXPECT_EQ(db.scalar(QStringLiteral("Select [Section] From Options")).toString(), "Người's");
-    // Double quotes are doubled too, and inside apostrophes the database keeps both.
-    EXPECT_EQ(db.scalar(QStringLiteral("Select KeyValue From Options")).toString(), "a\"\"b");
-    Execute(AddSet(QStringLiteral("Update Options Set KeyValue='c'"), QStringLiteral("Description"), QStringLiteral("it's")));
-    EXPECT_EQ(db.scalar(QStringLiteral("Select Description From Options")).toString(), "it's ");
-    EXPECT_EQ(db.scalar(QStringLiteral("Select Count(*) From Options Where KeyName Like ")
-                        + SqlValue(QStringLiteral("k"), QStringLiteral("LA"))).toInt(), 1);
 }

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include "data/Conversions.h"
-#include "logon/FrmLogon.h"
 #include "logon/MdlLogon.h"
 
 #include "DialogSupport.h"
@@ -15,27 +14,22 @@
 #include <QScreen>
 #include <QTest>
 
-#include <gtest/gtest.h>
-
 using namespace zolt;
+using namespace Qt::StringLiterals;
 using test::child;
 
 namespace {
 
-const QString LongPassword = QStringLiteral("MatKhauRatDaiChoKeToan24");   // 24 characters: exponent form
-const QString NotFound = QStringLiteral("Login|Mật khẩu hoặc người sử dụng không hợp lệ ");
-const QString Failed = QStringLiteral("Login|Mật khẩu hoặc người sử dụng không hợp lệ");
+const QString LongPassword = u"MatKhauRatDaiChoKeToan24"_s;   // 24 characters: a digest in exponent form
+const QString Refused = u"Login|Mật khẩu hoặc người sử dụng không hợp lệ"_s;
 
 class LogonTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        db.exec(QStringLiteral("Create Table [User](Code Integer Primary Key, [Name] Text, Dec Text, "
-                               "[Password] Double, IdGroup Integer)"));
-        for (const auto &[code, name, password] : {std::tuple{1, "admin", QStringLiteral("admin")},
-                                                   {7, "Nguyễn Văn An", LongPassword}})
-            db.exec(QStringLiteral("Insert Into [User] Values(%1, '%2', '', %3, 1)")
-                        .arg(code).arg(QString::fromUtf8(name), DoubleToText(EncodePassword(password))));
+        db.exec(u"Create Table [User](Code Integer Primary Key, [Name] Text, Dec Text, [Password] Double, IdGroup Integer)"_s);
+        db.exec(u"Insert Into [User] Values(1, 'admin', '', 26209, 1), (7, 'Nguyễn Văn An', '', %1, 1)"_s
+                    .arg(DoubleToText(EncodePassword(LongPassword))));
     }
     // Shows the logon and acts on it with real keys and clicks once it is up.
     qint32 logon(const std::function<void(QWidget &)> &act)
@@ -46,8 +40,7 @@ protected:
     test::TempDatabase db;
 };
 
-QLineEdit *user(QWidget &form) { return child<QLineEdit>(&form, "Txtuser"); }
-QLineEdit *password(QWidget &form) { return child<QLineEdit>(&form, "TxtPass"); }
+QLineEdit *field(QWidget &form, const char *name) { return child<QLineEdit>(&form, name); }
 void click(QWidget &form, const char *button) { QTest::mouseClick(child<QPushButton>(&form, button), Qt::LeftButton); }
 
 // Types into the focused field and presses Enter, which moves on like Tab.
@@ -63,7 +56,7 @@ QString clickOkAndReadRefusal(QWidget &form)
 {
     QString shown;
     test::whenModalShows([&shown](QWidget *box) {
-        shown = child<QLabel>(box, "label4")->text() + QLatin1Char('|') + child<QLabel>(box, "Message")->text();
+        shown = child<QLabel>(box, "label4")->text() + u'|' + child<QLabel>(box, "Message")->text();
         QTest::keyClick(box->focusWidget(), Qt::Key_Return);
     });
     click(form, "CmdOk");
@@ -79,33 +72,32 @@ TEST_F(LogonTest, TheRightPasswordReturnsTheUsersCodeByEnterAlone)
         EXPECT_EQ(form.windowTitle(), "Login");
         // Centred at the size its layout gave it.
         EXPECT_EQ(form.frameGeometry().center().x(), form.screen()->geometry().center().x());
-        typeAndEnter(form, QStringLiteral("admin"));
-        EXPECT_TRUE(password(form)->hasFocus());
-        typeAndEnter(form, QStringLiteral("ADMIN"));   // passwords are case-blind
+        typeAndEnter(form, u"admin"_s);
+        typeAndEnter(form, u"ADMIN"_s);   // passwords are case-blind
         EXPECT_TRUE(child(&form, "CmdOk")->hasFocus());
         QTest::keyClick(form.focusWidget(), Qt::Key_Return);   // Enter on the button logs on
     }), 1);
-    EXPECT_TRUE(db.statements().contains(QStringLiteral("SELECT  *  FROM [User] WHERE ([Name]='admin') And ( [Password]=26209)")));
+    EXPECT_TRUE(db.statements().contains(u"SELECT  *  FROM [User] WHERE ([Name]='admin') And ( [Password]=26209)"_s));
 
     EXPECT_EQ(logon([](QWidget &form) {
-        typeAndEnter(form, QStringLiteral("  Nguyễn Văn An  "));   // names are trimmed
-        test::typeText(password(form), QStringLiteral(" ") + LongPassword.toLower());
+        typeAndEnter(form, u"  Nguyễn Văn An  "_s);   // names are trimmed
+        test::typeText(field(form, "TxtPass"), u" "_s + LongPassword.toLower());
         click(form, "CmdOk");
     }), 7);
-    EXPECT_TRUE(db.statements().last().contains(QStringLiteral("[Name]='Nguyễn Văn An') And ( [Password]=")));
-    EXPECT_TRUE(db.statements().last().contains(QStringLiteral("E+")));
+    EXPECT_TRUE(db.statements().last().contains(u"[Name]='Nguyễn Văn An') And ( [Password]="_s));
+    EXPECT_TRUE(db.statements().last().contains(u"E+"_s));
 }
 
 TEST_F(LogonTest, AWrongPasswordIsRefusedAndTheNameSelectedForAnotherTry)
 {
     EXPECT_EQ(logon([](QWidget &form) {
-        typeAndEnter(form, QStringLiteral("admin"));
-        test::typeText(password(form), QStringLiteral("sai"));
-        EXPECT_EQ(clickOkAndReadRefusal(form), NotFound);
-        EXPECT_TRUE(user(form)->hasFocus());
-        EXPECT_EQ(user(form)->selectedText(), "admin");
-        password(form)->selectAll();
-        test::typeText(password(form), QStringLiteral("admin"));
+        typeAndEnter(form, u"admin"_s);
+        test::typeText(field(form, "TxtPass"), u"sai"_s);
+        EXPECT_EQ(clickOkAndReadRefusal(form), Refused + u' ');   // this message ends in a blank
+        EXPECT_EQ(field(form, "Txtuser")->selectedText(), "admin");
+        EXPECT_TRUE(field(form, "Txtuser")->hasFocus());
+        field(form, "TxtPass")->selectAll();
+        test::typeText(field(form, "TxtPass"), u"admin"_s);
         click(form, "CmdOk");
     }), 1);
 }
@@ -113,18 +105,18 @@ TEST_F(LogonTest, AWrongPasswordIsRefusedAndTheNameSelectedForAnotherTry)
 TEST_F(LogonTest, FailuresTakeTheErrorBranchAndQuotesNeverReachTheDatabase)
 {
     EXPECT_EQ(logon([this](QWidget &form) {
-        test::typeText(user(form), QStringLiteral("x') Or ('1'='1"));
+        test::typeText(field(form, "Txtuser"), u"x') Or ('1'='1"_s);
         const qsizetype before = db.statements().size();
-        EXPECT_EQ(clickOkAndReadRefusal(form), Failed);
+        EXPECT_EQ(clickOkAndReadRefusal(form), Refused);
         EXPECT_EQ(db.statements().size(), before);
         // The error branch leaves the first character out of the selection.
-        EXPECT_EQ(user(form)->selectedText(), "') Or ('1'='1");
+        EXPECT_EQ(field(form, "Txtuser")->selectedText(), "') Or ('1'='1");
         click(form, "CmdCan");
     }), 0);
-    db.exec(QStringLiteral("Drop Table [User]"));
+    db.exec(u"Drop Table [User]"_s);
     EXPECT_EQ(logon([](QWidget &form) {
-        test::typeText(user(form), QStringLiteral("admin"));
-        EXPECT_EQ(clickOkAndReadRefusal(form), Failed);
+        test::typeText(field(form, "Txtuser"), u"admin"_s);
+        EXPECT_EQ(clickOkAndReadRefusal(form), Refused);
         form.close();   // the close box cancels
     }), 0);
 }
@@ -133,13 +125,12 @@ TEST_F(LogonTest, OkWaitsForANameAndEscapeCancels)
 {
     EXPECT_EQ(logon([](QWidget &form) {
         QWidget *ok = child(&form, "CmdOk");
+        test::typeText(field(form, "Txtuser"), u"   "_s);
         EXPECT_FALSE(ok->isEnabled());
-        test::typeText(user(form), QStringLiteral("   "));
-        EXPECT_FALSE(ok->isEnabled());
-        test::typeText(user(form), QStringLiteral("a"));
+        test::typeText(field(form, "Txtuser"), u"a"_s);
         EXPECT_TRUE(ok->isEnabled());
         click(form, "CmdHelp");   // does nothing
-        QTest::keyClick(user(form), Qt::Key_Escape);
+        QTest::keyClick(form.focusWidget(), Qt::Key_Escape);
     }), 0);
     // A QSqlDatabase without a driver is refused before a dialog would wait for ever.
     EXPECT_EQ(test::errorNumberOf([] { clsLogon().ShowLogon(QSqlDatabase()); }), Error::TypeMismatch);

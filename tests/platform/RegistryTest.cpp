@@ -8,52 +8,41 @@
 #include <zolt/clsRegistry.h>
 
 #include <QDir>
-#include <QFile>
 #include <QRandomGenerator>
-#include <QTemporaryDir>
 #include <QThread>
-
-#include <gtest/gtest.h>
 
 #include <csignal>
 #include <unistd.h>
 
 using namespace zolt;
+using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString Key = QStringLiteral("Software\\ZOLT\\Kế toán");
-const QString OdbcIni = QStringLiteral("SOFTWARE\\ODBC\\ODBC.INI\\");
-
-QString rootNumber(qint32 root)
-{
-    return QString::number(quint32(root));
-}
+const QString Key = u"Software\\ZOLT\\Kế toán"_s;
+const QString OdbcIni = u"SOFTWARE\\ODBC\\ODBC.INI\\"_s;
+const QString User = QString::number(quint32(HK_CURRENT_USER));
+const QString Machine = QString::number(quint32(HK_LOCAL_MACHINE));
 
 class RegistryTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
         QFile::setPermissions(dir.path(), QFile::permissions(dir.path()) | QFile::ReadOther | QFile::ExeOther);
-        qputenv("ZOLT_USER_REGISTRY", QFile::encodeName(dir.filePath(QStringLiteral("user"))));
-        qputenv("ZOLT_MACHINE_REGISTRY", QFile::encodeName(dir.filePath(QStringLiteral("machine"))));
-        QDir(dir.path()).mkpath(QStringLiteral("sys"));
-        qputenv("ODBCSYSINI", QFile::encodeName(dir.filePath(QStringLiteral("sys"))));
-        qputenv("ODBCINI", QFile::encodeName(dir.filePath(QStringLiteral("user.ini"))));
+        QDir(dir.path()).mkpath(u"sys"_s);
+        for (const auto &[variable, path] : {std::pair{"ZOLT_USER_REGISTRY", "user"}, {"ZOLT_MACHINE_REGISTRY", "machine"},
+                                             {"ODBCSYSINI", "sys"}, {"ODBCINI", "user.ini"}})
+            qputenv(variable, QFile::encodeName(dir.filePath(QLatin1String(path))));
     }
-    QString read(qint32 root, const QString &key, const QString &name)
+    QString read(const QString &name, const QString &key = Key, qint32 root = HK_CURRENT_USER)
     {
-        QString value = QStringLiteral("<untouched>");
+        QString value = u"<untouched>"_s;
         registry.GetKeyValue(root, key, name, value);
         return value;
     }
-    // What unixODBC's own tool lists of a data source.
-    static QString odbcinst(const QString &dsn)
+    qint32 write(const QString &name, const QString &value, const QString &key = Key, qint32 root = HK_CURRENT_USER)
     {
-        QProcess tool;
-        tool.start(QStringLiteral("odbcinst"), {QStringLiteral("-q"), QStringLiteral("-s"), QStringLiteral("-n"), dsn});
-        EXPECT_TRUE(tool.waitForFinished());
-        return QString::fromUtf8(tool.readAllStandardOutput());
+        return registry.WriteRegEdit(root, key, name, value);
     }
     QTemporaryDir dir;
     clsRegistry registry;
@@ -63,69 +52,63 @@ protected:
 
 TEST_F(RegistryTest, TextsRoundTripWithoutRegardToCase)
 {
-    EXPECT_EQ(registry.WriteRegEdit(HK_CURRENT_USER, Key, QStringLiteral("LastDb"), QStringLiteral("/dữ liệu/a.db")), 0);
-    EXPECT_EQ(read(HK_CURRENT_USER, QStringLiteral("SOFTWARE\\zolt\\KẾ TOÁN"), QStringLiteral("lastdb")), "/dữ liệu/a.db");
-    EXPECT_EQ(registry.WriteRegEdit(HK_CURRENT_USER, Key, QStringLiteral("LASTDB"), QStringLiteral("b")), 0);
-    EXPECT_EQ(read(HK_CURRENT_USER, Key, QStringLiteral("LastDb")), "b");
-    EXPECT_EQ(read(HK_LOCAL_MACHINE, Key, QStringLiteral("LastDb")), "<untouched>");   // roots apart
-    // A text must fit 1024 bytes with its terminating zero.
-    registry.WriteRegEdit(HK_CURRENT_USER, Key, QStringLiteral("fits"), QString(1023, QLatin1Char('a')));
-    registry.WriteRegEdit(HK_CURRENT_USER, Key, QStringLiteral("long"), QString(1024, QLatin1Char('a')));
-    EXPECT_EQ(read(HK_CURRENT_USER, Key, QStringLiteral("fits")).size(), 1023);
-    EXPECT_EQ(read(HK_CURRENT_USER, Key, QStringLiteral("long")), "<untouched>");
+    EXPECT_EQ(write(u"LastDb"_s, u"/dữ liệu/a.db"_s), 0);
+    EXPECT_EQ(read(u"lastdb"_s, u"SOFTWARE\\zolt\\KẾ TOÁN"_s), "/dữ liệu/a.db");
+    EXPECT_EQ(write(u"LASTDB"_s, u"b"_s), 0);
+    EXPECT_EQ(read(u"LastDb"_s), "b");
+    EXPECT_EQ(read(u"LastDb"_s, Key, HK_LOCAL_MACHINE), "<untouched>");   // roots apart
+    write(u"fits"_s, QString(1023, u'a'));   // a text must fit 1024 bytes with its terminating zero
+    write(u"long"_s, QString(1024, u'a'));
+    EXPECT_EQ(read(u"fits"_s).size(), 1023);
+    EXPECT_EQ(read(u"long"_s), "<untouched>");
 }
 
 TEST_F(RegistryTest, NumbersReadAsSignedDecimalTextOtherTypesNot)
 {
     RegCreateKey(HK_CURRENT_USER, Key);
-    const std::pair<quint32, const char *> cases[] = {{31, "31"}, {0x01000000, "16777216"}, {0xFFFFFFFF, "-1"}};
-    for (const auto &[number, text] : cases) {
-        ASSERT_EQ(RegSetValue(HK_CURRENT_USER, Key, QStringLiteral("n"), RegNumber(number)), 0);
-        EXPECT_EQ(read(HK_CURRENT_USER, Key, QStringLiteral("n")), text) << number;
+    for (const auto &[number, text] : {std::pair{31u, "31"}, {0x01000000u, "16777216"}, {0xFFFFFFFFu, "-1"}}) {
+        ASSERT_EQ(RegSetValue(HK_CURRENT_USER, Key, u"n"_s, RegNumber(number)), 0);
+        EXPECT_EQ(read(u"n"_s), text) << number;
     }
-    ASSERT_EQ(RegSetValue(HK_CURRENT_USER, Key, QStringLiteral("bin"), RegValue{3, "ab"}), 0);
-    QString value = QStringLiteral("kept");
-    EXPECT_TRUE(registry.GetKeyValue(HK_CURRENT_USER, Key, QStringLiteral("bin"), value));
+    ASSERT_EQ(RegSetValue(HK_CURRENT_USER, Key, u"bin"_s, RegValue{3, "ab"}), 0);
+    QString value = u"kept"_s;
+    EXPECT_TRUE(registry.GetKeyValue(HK_CURRENT_USER, Key, u"bin"_s, value));
     EXPECT_EQ(value, "kept");
 }
 
 TEST_F(RegistryTest, WhatCannotBeReadLeavesValueDataAlone)
 {
-    registry.WriteRegEdit(HK_CURRENT_USER, Key, QStringLiteral("a"), QStringLiteral("1"));
-    for (const QString &bad : {QStringLiteral("\\Software"), QStringLiteral("Software\\"),
-                               QStringLiteral("Software\\\\ZOLT"), QStringLiteral("Software\\Khác")})
-        EXPECT_EQ(read(HK_CURRENT_USER, bad, QStringLiteral("a")), "<untouched>");
-    EXPECT_EQ(read(HK_CURRENT_USER, Key, QStringLiteral("b")), "<untouched>");
-    EXPECT_EQ(read(12345, Key, QStringLiteral("a")), "<untouched>");
-    EXPECT_EQ(registry.WriteRegEdit(12345, Key, QStringLiteral("a"), QStringLiteral("1")), RegInvalidHandle);
+    write(u"a"_s, u"1"_s);
+    for (const QString &bad : {u"\\Software"_s, u"Software\\"_s, u"Software\\\\ZOLT"_s, u"Software\\Khác"_s})
+        EXPECT_EQ(read(u"a"_s, bad), "<untouched>");
+    EXPECT_EQ(read(u"b"_s), "<untouched>");
+    EXPECT_EQ(read(u"a"_s, Key, 12345), "<untouched>");
+    EXPECT_EQ(write(u"a"_s, u"1"_s, Key, 12345), RegInvalidHandle);
 }
 
 TEST_F(RegistryTest, ARootThatMayNotBeWrittenRefusesAndKeepsItsValues)
 {
-    registry.WriteRegEdit(HK_LOCAL_MACHINE, Key, QStringLiteral("a"), QStringLiteral("old"));
+    write(u"a"_s, u"old"_s, Key, HK_LOCAL_MACHINE);
     if (::geteuid() == 0) {   // the machine's store belongs to root; a clerk's process is refused
-        for (const QString &key : {Key, QStringLiteral("Software\\Mới")})
-            EXPECT_EQ(test::runWriter({QStringLiteral("set"), rootNumber(HK_LOCAL_MACHINE), key, QStringLiteral("a"),
-                                       QStringLiteral("new")}, true), "5");
-        EXPECT_EQ(read(HK_LOCAL_MACHINE, Key, QStringLiteral("a")), "old");
+        for (const QString &key : {Key, u"Software\\Mới"_s})
+            EXPECT_EQ(test::runWriter({u"set"_s, Machine, key, u"a"_s, u"new"_s}, true), "5");
+        EXPECT_EQ(read(u"a"_s, Key, HK_LOCAL_MACHINE), "old");
     } else {
-        QFile::setPermissions(dir.filePath(QStringLiteral("machine/HKEY_LOCAL_MACHINE/software/zolt/kế toán")),
-                              QFile::ReadOwner | QFile::ExeOwner);
-        EXPECT_EQ(registry.WriteRegEdit(HK_LOCAL_MACHINE, Key, QStringLiteral("a"), QStringLiteral("new")), 5);
+        QFile::setPermissions(dir.filePath(u"machine/HKEY_LOCAL_MACHINE/software/zolt/kế toán"_s), QFile::ReadOwner | QFile::ExeOwner);
+        EXPECT_EQ(write(u"a"_s, u"new"_s, Key, HK_LOCAL_MACHINE), 5);
     }
-    EXPECT_FALSE(QDir(dir.filePath(QStringLiteral("machine/HKEY_LOCAL_MACHINE/software/mới"))).exists());
+    EXPECT_FALSE(QDir(dir.filePath(u"machine/HKEY_LOCAL_MACHINE/software/mới"_s)).exists());
 }
 
 TEST_F(RegistryTest, AKilledWriterLeavesTheOldValueOrTheNewOne)
 {
     for (int round = 0; round < 4; ++round) {
-        auto writer = test::startWriter({QStringLiteral("loop"), rootNumber(HK_CURRENT_USER), Key,
-                                         QStringLiteral("big"), QStringLiteral("1000")});
+        auto writer = test::startWriter({u"loop"_s, User, Key, u"big"_s, u"1000"_s});
         QThread::msleep(40 + QRandomGenerator::global()->bounded(200));
         ::kill(pid_t(writer->processId()), SIGKILL);
         writer->waitForFinished();
         RegValue value;
-        const qint32 status = RegQueryValue(HK_CURRENT_USER, Key, QStringLiteral("big"), 1 << 22, value);
+        const qint32 status = RegQueryValue(HK_CURRENT_USER, Key, u"big"_s, 1 << 22, value);
         if (status == RegNotFound)
             continue;   // killed before its first write was done
         ASSERT_EQ(status, 0);
@@ -137,13 +120,9 @@ TEST_F(RegistryTest, AKilledWriterLeavesTheOldValueOrTheNewOne)
 TEST_F(RegistryTest, TwoWritersAtOnceKeepBothValues)
 {
     RegCreateKey(HK_CURRENT_USER, Key);
-    const QString root = rootNumber(HK_CURRENT_USER);
-    auto first = test::startWriter({QStringLiteral("loop"), root, Key, QStringLiteral("A"), QStringLiteral("15")});
-    auto second = test::startWriter({QStringLiteral("loop"), root, Key, QStringLiteral("B"), QStringLiteral("15")});
-    for (QProcess *writer : {first.get(), second.get()}) {
-        ASSERT_TRUE(writer->waitForFinished(120000));
-        EXPECT_EQ(writer->exitCode(), 0);
-    }
+    auto first = test::startWriter({u"loop"_s, User, Key, u"A"_s, u"15"_s});
+    auto second = test::startWriter({u"loop"_s, User, Key, u"B"_s, u"15"_s});
+    test::finish({first.get(), second.get()});
     for (const char *name : {"A", "B"}) {
         RegValue value;
         ASSERT_EQ(RegQueryValue(HK_CURRENT_USER, Key, QLatin1String(name), 1 << 22, value), 0) << name;
@@ -153,21 +132,20 @@ TEST_F(RegistryTest, TwoWritersAtOnceKeepBothValues)
 
 TEST_F(RegistryTest, DataSourcesAreUnixOdbcs)
 {
-    registry.Create_DSN(QStringLiteral("BanHang"), QStringLiteral("Dữ liệu bán hàng"), QStringLiteral("SalesDb"),
-                        QStringLiteral("srv01"), QStringLiteral("SQL Server"));
-    const QString entries = odbcinst(QStringLiteral("BanHang"));
+    registry.Create_DSN(u"BanHang"_s, u"Dữ liệu bán hàng"_s, u"SalesDb"_s, u"srv01"_s, u"SQL Server"_s);
+    QProcess odbcinst;   // what unixODBC's own tool lists
+    odbcinst.start(u"odbcinst"_s, {u"-q"_s, u"-s"_s, u"-n"_s, u"BanHang"_s});
+    EXPECT_TRUE(odbcinst.waitForFinished());
+    const QString entries = QString::fromUtf8(odbcinst.readAllStandardOutput());
     for (const char *line : {"Database=SalesDb", "Description=Dữ liệu bán hàng", "LastUser=sa", "Server=srv01",
                              "AnsiNPW=No", "Driver=SQL Server"})
         EXPECT_TRUE(entries.contains(QString::fromUtf8(line))) << line << "\n" << entries.toStdString();
-    EXPECT_EQ(read(HK_LOCAL_MACHINE, OdbcIni + QStringLiteral("ODBC Data Sources"), QStringLiteral("BanHang")), "SQL Server");
-    EXPECT_EQ(read(HK_CURRENT_USER, OdbcIni + QStringLiteral("BanHang"), QStringLiteral("Server")), "<untouched>");
+    EXPECT_EQ(read(u"BanHang"_s, OdbcIni + u"ODBC Data Sources"_s, HK_LOCAL_MACHINE), "SQL Server");
+    EXPECT_EQ(read(u"Server"_s, OdbcIni + u"BanHang"_s), "<untouched>");
 
-    registry.Create_DSN_EXL(QStringLiteral("SoKho"), QStringLiteral("/data"), QStringLiteral("/data/kho.xls"), QStringLiteral("excel 5.0"));
-    EXPECT_EQ(read(HK_LOCAL_MACHINE, OdbcIni + QStringLiteral("SoKho"), QStringLiteral("DriverId")), "790");
-    EXPECT_EQ(read(HK_LOCAL_MACHINE, OdbcIni + QStringLiteral("SoKho\\Engines\\Excel"), QStringLiteral("Threads")), "3");
-
-    // A user's data source goes to the user's file.
-    EXPECT_EQ(registry.WriteRegEdit(HK_CURRENT_USER, OdbcIni + QStringLiteral("Rieng"), QStringLiteral("Server"),
-                                    QStringLiteral("may-ban")), 0);
-    EXPECT_TRUE(test::readFile(dir.filePath(QStringLiteral("user.ini"))).contains("Server=may-ban"));
+    registry.Create_DSN_EXL(u"SoKho"_s, u"/data"_s, u"/data/kho.xls"_s, u"excel 5.0"_s);
+    EXPECT_EQ(read(u"DriverId"_s, OdbcIni + u"SoKho"_s, HK_LOCAL_MACHINE), "790");
+    EXPECT_EQ(read(u"Threads"_s, OdbcIni + u"SoKho\\Engines\\Excel"_s, HK_LOCAL_MACHINE), "3");
+    EXPECT_EQ(write(u"Server"_s, u"may-ban"_s, OdbcIni + u"Rieng"_s), 0);   // a user's own data source
+    EXPECT_TRUE(test::readFile(dir.filePath(u"user.ini"_s)).contains("Server=may-ban"));
 }
