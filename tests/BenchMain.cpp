@@ -24,6 +24,11 @@ std::vector<std::array<const char *, 3>> &declared()
 // The console's report, and each benchmark's seconds per iteration.
 class Reporter : public benchmark::ConsoleReporter {
 public:
+    Reporter()
+        : ConsoleReporter(OO_Tabular)   // no colours: the ratio lines start their lines
+    {
+    }
+
     void ReportRuns(const std::vector<Run> &runs) override
     {
         ConsoleReporter::ReportRuns(runs);
