@@ -6,31 +6,28 @@
 
 #include <zolt/Error.h>
 
-#include <gtest/gtest.h>
-
 using namespace zolt;
+using namespace Qt::StringLiterals;
 using test::errorNumberOf;
 
 TEST(DateLiterals, RewrittenMonthFirstOutsideQuotedText)
 {
-    const std::pair<const char *, const char *> cases[] = {
-        {"D>=#1/2/98# And D<#12/31/2029#", "D>='1998-01-02' And D<'2029-12-31'"},
-        {"D=#02/01/0100#", "D='0100-02-01'"},
-        {"D=#1/2/2003 9:05#", "D='2003-01-02 09:05:00'"},
-        {"N='it''s #1/2/2003#' Or M=\"#1/2/2003#\"", "N='it''s #1/2/2003#' Or M=\"#1/2/2003#\""},
-        {"N=#abc# Or D=#13/13/2003#", "N=#abc# Or D=#13/13/2003#"},
-        {"N='unterminated #1/2/2003#", "N='unterminated #1/2/2003#"}};
-    for (const auto &[sql, rewritten] : cases)
-        EXPECT_EQ(RewriteDateLiterals(QString::fromUtf8(sql)), rewritten);
+    for (const auto &[sql, rewritten] : {
+             std::pair{u"D>=#1/2/98# And D<#12/31/2029#"_s, u"D>='1998-01-02' And D<'2029-12-31'"_s},
+             {u"D=#02/01/0100#"_s, u"D='0100-02-01'"_s}, {u"D=#1/2/2003 9:05#"_s, u"D='2003-01-02 09:05:00'"_s},
+             {u"N='it''s #1/2/2003#' Or M=\"#1/2/2003#\""_s, u"N='it''s #1/2/2003#' Or M=\"#1/2/2003#\""_s},
+             {u"N=#abc# Or D=#13/13/2003#"_s, u"N=#abc# Or D=#13/13/2003#"_s},
+             {u"N='unterminated #1/2/2003#"_s, u"N='unterminated #1/2/2003#"_s}})
+        EXPECT_EQ(RewriteDateLiterals(sql), rewritten);
 }
 
 class DatabaseTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        db.exec(QStringLiteral("Create Table Sales(Code Integer, [Name] Text, Sold Date, Note Text)"));
-        db.exec(QStringLiteral("Insert Into Sales Values(1, 'Bánh', '2003-01-02', Null), "
-                               "(2, 'Cà phê', '2003-02-01', 'x'), (3, 'Trà', '2004-03-05', 'y')"));
+        db.exec(u"Create Table Sales(Code Integer, [Name] Text, Sold Date, Note Text)"_s);
+        db.exec(u"Insert Into Sales Values(1, 'Bánh', '2003-01-02', Null), (2, 'Cà phê', '2003-02-01', 'x'), "
+                "(3, 'Trà', '2004-03-05', 'y')"_s);
     }
     test::TempDatabase db;
 };
@@ -38,10 +35,10 @@ protected:
 TEST_F(DatabaseTest, RecordsetWalksReadsAndFindsHashDates)
 {
     Recordset rs;
-    ASSERT_EQ(rs.Open(QStringLiteral("Select * From Sales Where Sold>=#1/2/2003# Order By Code")), 0);
+    ASSERT_EQ(rs.Open(u"Select * From Sales Where Sold>=#1/2/2003# Order By Code"_s), 0);
     EXPECT_EQ(rs.FieldName(1), "Name");
-    EXPECT_EQ(rs.Value(QStringLiteral("code")).toInt(), 1);     // names match without case
-    EXPECT_FALSE(rs.Value(QStringLiteral("Note")).isValid());   // Null is a null QVariant
+    EXPECT_EQ(rs.Value(u"code"_s).toInt(), 1);     // names match without case
+    EXPECT_FALSE(rs.Value(u"Note"_s).isValid());   // Null is a null QVariant
     rs.MoveLast();
     EXPECT_EQ(rs.Value(0).toInt(), 3);
     int rows = 0;
@@ -49,25 +46,24 @@ TEST_F(DatabaseTest, RecordsetWalksReadsAndFindsHashDates)
         ++rows;
     EXPECT_EQ(rows, 3);
     EXPECT_EQ(errorNumberOf([&] { rs.Value(0); }), Error::NoCurrentRecord);
-    EXPECT_EQ(errorNumberOf([&] { rs.Value(QStringLiteral("Nope")); }), Error::ItemNotFound);
+    EXPECT_EQ(errorNumberOf([&] { rs.Value(u"Nope"_s); }), Error::ItemNotFound);
 }
 
 TEST_F(DatabaseTest, FailuresCarryTheDatabaseNumberAndMessage)
 {
     Recordset rs;
-    EXPECT_EQ(rs.Open(QStringLiteral("Select * From Missing")), Error::DatabaseFailure);
-    EXPECT_TRUE(rs.Eof());
-    EXPECT_TRUE(rs.LastErrorText().contains(QStringLiteral("Missing")));
-    Execute(QStringLiteral("Update Sales Set Note='z' Where Sold=#3/5/2004#"));
-    EXPECT_EQ(db.scalar(QStringLiteral("Select Note From Sales Where Code=3")).toString(), "z");
+    EXPECT_EQ(rs.Open(u"Select * From Missing"_s), Error::DatabaseFailure);
+    EXPECT_TRUE(rs.Eof() && rs.LastErrorText().contains(u"Missing"_s));
+    Execute(u"Update Sales Set Note='z' Where Sold=#3/5/2004#"_s);
+    EXPECT_EQ(db.scalar(u"Select Note From Sales Where Code=3"_s).toString(), "z");
     try {
-        Execute(QStringLiteral("Delete From Missing"));
-        FAIL() << "no error for a missing table";
+        Execute(u"Delete From Missing"_s);
+        ADD_FAILURE() << "no error for a missing table";
     } catch (const Error &e) {
         EXPECT_EQ(e.number(), Error::DatabaseFailure);
-        EXPECT_TRUE(e.description().contains(QStringLiteral("no such table")));
+        EXPECT_TRUE(e.description().contains(u"no such table"_s));
     }
     db.db().close();
-    EXPECT_EQ(rs.Open(QStringLiteral("Select 1")), Error::DatabaseFailure);
-    EXPECT_EQ(errorNumberOf([] { Execute(QStringLiteral("Delete From Sales")); }), Error::DatabaseFailure);
+    EXPECT_EQ(rs.Open(u"Select 1"_s), Error::DatabaseFailure);
+    EXPECT_EQ(errorNumberOf([] { Execute(u"Delete From Sales"_s); }), Error::DatabaseFailure);
 }

@@ -5,23 +5,20 @@
 
 #include <zolt/Error.h>
 
-#include <gtest/gtest.h>
-
 using namespace zolt;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 class OptionsTest : public ::testing::Test {
 protected:
-    void SetUp() override
+    void SetUp() override { db.exec(u"Create Table Options([Section] Text, KeyName Text, KeyValue Text, Description Text)"_s); }
+    QString read(const QString &key) const { return ReadOption(u"Kho"_s, key, u"d"_s); }
+    void save(const QString &value, const QString &description = {}, qint32 isNew = 0)
     {
-        db.exec(QStringLiteral("Create Table Options([Section] Text, KeyName Text, KeyValue Text, Description Text)"));
+        SaveOption(u"Kho"_s, u"Mặc định"_s, value, description, isNew);
     }
-    QString read(const char *key) const { return ReadOption(QStringLiteral("Kho"), QString::fromUtf8(key), QStringLiteral("d")); }
-    QString column(const char *name) const
-    {
-        return db.scalar(QStringLiteral("Select %1 From Options").arg(QLatin1String(name))).toString();
-    }
+    QString column(const char *name) const { return db.scalar(u"Select %1 From Options"_s.arg(QLatin1String(name))).toString(); }
     test::TempDatabase db;
 };
 
@@ -29,45 +26,37 @@ protected:
 
 TEST_F(OptionsTest, ReadsTheStoredValueOrTheDefault)
 {
-    db.exec(QStringLiteral("Insert Into Options Values('Kho','Font','Tahoma',Null), ('Kho','Null',Null,Null), "
-                           "('Kho','Empty','',Null)"));
-    EXPECT_EQ(read("Font"), "Tahoma");
-    for (const char *key : {"Null", "Empty", "Missing", "O'Brien"})
-        EXPECT_EQ(read(key), "d") << key;
-    db.exec(QStringLiteral("Drop Table Options"));
-    EXPECT_EQ(read("Font"), "d");
+    db.exec(u"Insert Into Options Values('Kho','Font','Tahoma',Null), ('Kho','Null',Null,Null), ('Kho','Empty','',Null)"_s);
+    EXPECT_EQ(read(u"Font"_s), "Tahoma");
+    for (const QString &key : {u"Null"_s, u"Empty"_s, u"Missing"_s, u"O'Brien"_s})
+        EXPECT_EQ(read(key), "d") << key.toStdString();
+    db.exec(u"Drop Table Options"_s);
+    EXPECT_EQ(read(u"Font"_s), "d");
+    EXPECT_EQ(test::errorNumberOf([this] { save(u"v"_s); }), Error::DatabaseFailure);
 }
 
 TEST_F(OptionsTest, UpdatesAnExistingKeyAndInsertsANewOne)
 {
-    SaveOption(QStringLiteral("Kho"), QStringLiteral("Mặc định"), QStringLiteral("Kho 'A' \"B\""), QString(), 0);
-    EXPECT_TRUE(db.scalar(QStringLiteral("Select Description From Options")).isNull());
+    save(u"Kho 'A' \"B\""_s);
+    EXPECT_TRUE(db.scalar(u"Select Description From Options"_s).isNull());
     // Double quotes are doubled too, and between apostrophes the database keeps both.
     EXPECT_EQ(column("KeyValue"), "Kho 'A' \"\"B\"\"");
-    SaveOption(QStringLiteral("Kho"), QStringLiteral("Mặc định"), QStringLiteral("Kho B"), QStringLiteral("chính"), 0);
-    EXPECT_EQ(column("Count(*)"), "1");
-    EXPECT_EQ(column("Description"), "chính ");
-    SaveOption(QStringLiteral("Kho"), QStringLiteral("Mặc định"), QStringLiteral("Kho C"), QString(), 0);
+    save(u"Kho B"_s, u"chính"_s);
+    EXPECT_EQ(column("Count(*)") + u'|' + column("Description"), "1|chính ");
+    save(u"Kho C"_s);
     EXPECT_EQ(column("Description"), "chính ");   // without a description only the value changes
-    EXPECT_EQ(read("Mặc định"), "Kho C");
-    SaveOption(QStringLiteral("Kho"), QStringLiteral("Mặc định"), QStringLiteral("2"), QString(), 1);
+    EXPECT_EQ(read(u"Mặc định"_s), "Kho C");
+    save(u"2"_s, {}, 1);
     EXPECT_EQ(column("Count(*)"), "2");           // isNew inserts even when the row exists
-}
-
-TEST_F(OptionsTest, AMissingTableFailsTheExistenceQueryAndTheInsert)
-{
-    db.exec(QStringLiteral("Drop Table Options"));
-    EXPECT_EQ(test::errorNumberOf([] { SaveOption(QStringLiteral("A"), QStringLiteral("k"), QStringLiteral("v"), QString(), 0); }),
-              Error::DatabaseFailure);
 }
 
 TEST(GetMaxValue, LargestValueOrZero)
 {
     test::TempDatabase db;
-    db.exec(QStringLiteral("Create Table Groups(Code Integer)"));
-    EXPECT_EQ(GetMaxValue(QStringLiteral("Groups"), QStringLiteral("Code"), db.db()), 0);
-    db.exec(QStringLiteral("Insert Into Groups Values(8), (1), (12), (3)"));
-    EXPECT_EQ(GetMaxValue(QStringLiteral("Groups"), QStringLiteral("Code"), db.db()), 12);
-    EXPECT_EQ(GetMaxValue(QStringLiteral("Missing"), QStringLiteral("Code"), db.db()), 0);
-    EXPECT_EQ(GetMaxValue(QStringLiteral("Groups"), QStringLiteral("Code"), QSqlDatabase()), 0);
+    db.exec(u"Create Table Groups(Code Integer)"_s);
+    EXPECT_EQ(GetMaxValue(u"Groups"_s, u"Code"_s, db.db()), 0);
+    db.exec(u"Insert Into Groups Values(8), (1), (12), (3)"_s);
+    EXPECT_EQ(GetMaxValue(u"Groups"_s, u"Code"_s, db.db()), 12);
+    EXPECT_EQ(GetMaxValue(u"Missing"_s, u"Code"_s, db.db()), 0);
+    EXPECT_EQ(GetMaxValue(u"Groups"_s, u"Code"_s, QSqlDatabase()), 0);
 }

@@ -7,11 +7,10 @@
 #include <QDir>
 #include <QFileInfo>
 
-#include <gtest/gtest.h>
-
 #include <unistd.h>
 
 using namespace zolt;
+using namespace Qt::StringLiterals;
 using test::readFile;
 using test::writeFile;
 
@@ -19,66 +18,55 @@ namespace {
 
 class IniFileTest : public ::testing::Test {
 protected:
-    bool write(const char *section, const char *key, const QString &value)
+    bool write(const QString &section, const QString &key, const QString &value)
     {
-        return WriteProfileString(QString::fromUtf8(section), QString::fromUtf8(key), value, path);
+        return WriteProfileString(section, key, value, path);
     }
-    QString read(const char *section, const char *key)
-    {
-        return ReadProfileString(QString::fromUtf8(section), QString::fromUtf8(key), QStringLiteral("<none>"), path);
-    }
+    QString read(const QString &section, const QString &key) { return ReadProfileString(section, key, u"<none>"_s, path); }
     QTemporaryDir dir;
-    const QString path = dir.filePath(QStringLiteral("user.ini"));
+    const QString path = dir.filePath(u"user.ini"_s);
 };
 
 } // namespace
 
 TEST_F(IniFileTest, KeepsEveryOtherLineAndMatchesNamesWithoutCase)
 {
-    EXPECT_EQ(read("A", "B"), "<none>");   // no file yet
+    EXPECT_EQ(read(u"A"_s, u"B"_s), "<none>");   // no file yet
     writeFile(path, "; cấu hình\n[ Admin ]\n  font = Arial  \n# note\nSize=9\n\n[Other]\nq=\"  quoted  \"\n");
-    EXPECT_TRUE(write("ADMIN", "Font", QStringLiteral("VK Sans Serif")));
-    EXPECT_TRUE(write("admin", "Color", QStringLiteral("red")));
-    EXPECT_TRUE(write("Mới", "k", QStringLiteral("C:\\Dữ liệu")));
+    EXPECT_TRUE(write(u"ADMIN"_s, u"Font"_s, u"VK Sans Serif"_s) && write(u"admin"_s, u"Color"_s, u"red"_s));
+    EXPECT_TRUE(write(u"Mới"_s, u"k"_s, u"C:\\Dữ liệu"_s));
     EXPECT_EQ(readFile(path), "; cấu hình\n[ Admin ]\nFont=VK Sans Serif\n# note\nSize=9\nColor=red\n\n"
                               "[Other]\nq=\"  quoted  \"\n[Mới]\nk=C:\\Dữ liệu\n");
-    EXPECT_EQ(read("other", "Q"), "  quoted  ");
-    for (const auto &[section, key] : {std::pair{"X", "Font"}, {"Admin", "Y"}, {"Other", "Font"}})
+    EXPECT_EQ(read(u"other"_s, u"Q"_s), "  quoted  ");
+    for (const auto &[section, key] : {std::pair{u"X"_s, u"Font"_s}, {u"Admin"_s, u"Y"_s}, {u"Other"_s, u"Font"_s}})
         EXPECT_EQ(read(section, key), "<none>");
-}
-
-TEST_F(IniFileTest, KeepsWindowsLineEndings)
-{
-    writeFile(path, "[A]\r\nq=1\r\n");
-    write("A", "n", QStringLiteral("2"));
+    writeFile(path, "[A]\r\nq=1\r\n");   // Windows line endings stay
+    write(u"A"_s, u"n"_s, u"2"_s);
     EXPECT_EQ(readFile(path), "[A]\r\nq=1\r\nn=2\r\n");
 }
 
 TEST_F(IniFileTest, RefusesWhatWouldBreakTheFileAndReplacesItWhole)
 {
     writeFile(path, "[A]\nk=old\n");
-    EXPECT_FALSE(write("A", "k", QStringLiteral("1\n[B]")));
-    EXPECT_FALSE(write("A]", "k", QStringLiteral("1")));
-    EXPECT_FALSE(write("A", "k=j", QStringLiteral("1")));
-    EXPECT_FALSE(write("", "k", QStringLiteral("1")));
-    const QString link = dir.filePath(QStringLiteral("link.ini"));
+    for (const auto &[section, key, value] : {std::tuple{u"A"_s, u"k"_s, u"1\n[B]"_s}, {u"A]"_s, u"k"_s, u"1"_s},
+                                              {u"A"_s, u"k=j"_s, u"1"_s}, {u""_s, u"k"_s, u"1"_s}})
+        EXPECT_FALSE(write(section, key, value)) << section.toStdString() << key.toStdString();
+    const QString link = dir.filePath(u"link.ini"_s);
     ASSERT_EQ(::link(QFile::encodeName(path).constData(), QFile::encodeName(link).constData()), 0);
-    EXPECT_TRUE(write("A", "k", QStringLiteral("new")));
+    EXPECT_TRUE(write(u"A"_s, u"k"_s, u"new"_s));
     EXPECT_EQ(readFile(link), "[A]\nk=old\n");   // never rewritten in place
     EXPECT_EQ(readFile(path), "[A]\nk=new\n");
     EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files).size(), 2);   // no temporary or lock left
-    EXPECT_FALSE(WriteProfileString(QStringLiteral("A"), QStringLiteral("k"), QStringLiteral("v"), dir.path()));
+    EXPECT_FALSE(WriteProfileString(u"A"_s, u"k"_s, u"v"_s, dir.path()));
 }
 
 TEST_F(IniFileTest, TwoWritersAtOnceKeepEachOthersKeys)
 {
-    const QStringList writers[] = {{QStringLiteral("ini"), path, QStringLiteral("a"), QStringLiteral("40")},
-                                   {QStringLiteral("ini"), path, QStringLiteral("b"), QStringLiteral("40")}};
-    auto first = test::startWriter(writers[0]);
-    auto second = test::startWriter(writers[1]);
+    auto first = test::startWriter({u"ini"_s, path, u"a"_s, u"40"_s});
+    auto second = test::startWriter({u"ini"_s, path, u"b"_s, u"40"_s});
     test::finish({first.get(), second.get()});
     for (int i = 0; i < 40; ++i) {
-        EXPECT_EQ(ReadProfileString(QStringLiteral("S"), QStringLiteral("a%1").arg(i), QString(), path), QString::number(i));
-        EXPECT_EQ(ReadProfileString(QStringLiteral("S"), QStringLiteral("b%1").arg(i), QString(), path), QString::number(i));
+        for (const QString &prefix : {u"a"_s, u"b"_s})
+            EXPECT_EQ(ReadProfileString(u"S"_s, prefix + QString::number(i), {}, path), QString::number(i));
     }
 }

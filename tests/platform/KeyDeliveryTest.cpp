@@ -12,8 +12,6 @@
 #include <QTest>
 #include <QVBoxLayout>
 
-#include <gtest/gtest.h>
-
 using namespace zolt;
 
 // Every stroke is recorded and still reaches the window: two line edits and
