@@ -20,11 +20,23 @@ public:
     clsLogon(const clsLogon &) = delete;
     clsLogon &operator=(const clsLogon &) = delete;
 
-    // Shows the logon dialog on Connection (which becomes the library's
-    // connection) and returns the Code of the user in table [User] who logged
-    // on, or 0 when the dialog was cancelled or closed. A QSqlDatabase without
-    // a driver raises zolt::Error 13 before anything shows.
+    // Each entry point that takes a Connection makes it the library's
+    // connection; a QSqlDatabase without a driver raises zolt::Error 13 before
+    // anything shows.
+
+    // Shows the logon dialog and returns the Code of the user in table [User] who logged
+    // on, or 0 when the dialog was cancelled or closed.
     qint32 ShowLogon(const QSqlDatabase &Connection);
+
+    // The user list of table [User] on Connection: add, edit and delete users.
+    void UserManager(const QSqlDatabase &Connection);
+
+    // The user editor for UserName's own record: only the password may change.
+    void ShowUser(const QSqlDatabase &Connection, const QString &UserName);
+
+    // The user groups of table Groups on Connection, and through them the
+    // groups' menu rights (see GetBit in <zolt/MenuRights.h>).
+    void ShowGroup(const QSqlDatabase &Connection);
 
     // Shows Message with button set Button (0 OK ... 5 Retry/Cancel, see
     // zolt::Buttons) and icon (see zolt::IconValue), and returns the answer

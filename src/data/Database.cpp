@@ -62,6 +62,16 @@ void SetCurrentConnection(const QSqlDatabase &connection)
     currentConnectionName() = connection.connectionName();
 }
 
+QString ConnectionString(const QSqlDatabase &db)
+{
+    QStringList parts = {QStringLiteral("Driver=") + db.driverName(), QStringLiteral("Database=") + db.databaseName()};
+    if (!db.hostName().isEmpty())
+        parts << QStringLiteral("Server=") + db.hostName();
+    if (!db.userName().isEmpty())
+        parts << QStringLiteral("User=") + db.userName();
+    return parts.join(QLatin1Char(';'));
+}
+
 QString RewriteDateLiterals(const QString &sql)
 {
     QString out;

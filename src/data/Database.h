@@ -17,6 +17,9 @@ QSqlDatabase CurrentConnection();
 void SetCurrentConnection(const QSqlDatabase &connection);
 // The description of CurrentConnection, where an entry point keeps it.
 extern QString CurrentConnectionString;
+// A connection described as "Driver=...;Database=...", with its server and
+// user when it has them; never its password.
+QString ConnectionString(const QSqlDatabase &db);
 
 // The statement as the connection's driver must receive it. The library writes
 // date literals as #m/d/y#; drivers that do not read them get ISO text instead.

@@ -8,6 +8,7 @@
 #include <zolt/Tesmir.h>
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QScreen>
 
@@ -80,6 +81,12 @@ void ApplyFormSettings(QWidget *form)
             font.setPointSize(size);
         control->setFont(font);
     }
+}
+
+void SetPasswordChar(QLineEdit *box)
+{
+    box->setEchoMode(QLineEdit::Password);
+    box->setStyleSheet(QStringLiteral("QLineEdit { lineedit-password-character: 42; }"));
 }
 
 void PressKey(qint32 Key, qint32 Shift)

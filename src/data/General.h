@@ -5,8 +5,9 @@
 // the saving of a setting with its message on failure, and key presses.
 
 #include <QString>
+#include <QWidget>
 
-class QWidget;
+class QLineEdit;
 
 namespace zolt {
 
@@ -26,6 +27,17 @@ void ApplyFormSettings(QWidget *form);
 
 // Places the window in the middle of its screen.
 void CentreOnScreen(QWidget *form);
+
+// The control, given the objectName by which its dialog's code and tests know it.
+template <typename Control>
+Control *Named(Control *control, const char *name)
+{
+    control->setObjectName(QLatin1String(name));
+    return control;
+}
+
+// Makes the box a password box that shows "*" for each character.
+void SetPasswordChar(QLineEdit *box);
 
 // Presses Key with the modifier of Shift (1 Shift, 2 Ctrl, 3 Alt), like a user would.
 void PressKey(qint32 Key, qint32 Shift);

@@ -74,8 +74,10 @@ qint32 GetMaxValue(const QString &table, const QString &field, const QSqlDatabas
 {
     try {
         Recordset rs;
-        const QString sql = QStringLiteral("Select  [") + field + QStringLiteral("]  from [") + table
-                            + QStringLiteral("] Order by [") + field + QLatin1Char(']');
+        // A name the caller has bracketed already is not bracketed twice.
+        const QString from = table.startsWith(QLatin1Char('[')) ? table : u'[' + table + u']';
+        const QString sql = QStringLiteral("Select  [") + field + QStringLiteral("]  from ") + from
+                            + QStringLiteral(" Order by [") + field + QLatin1Char(']');
         if (rs.Open(sql, connection) != 0 || rs.Eof())
             return 0;
         rs.MoveLast();

@@ -3,6 +3,7 @@
 
 #include <zolt/Error.h>
 
+#include <QRegularExpression>
 #include <QSqlError>
 #include <QSqlRecord>
 
@@ -15,6 +16,15 @@ QString closedText()
     return QStringLiteral("Operation is not allowed when the object is closed.");
 }
 
+// A bare table name, bracketed or not, opens as all of that table's rows in
+// its column order; anything else is a statement already.
+QString statementOf(const QString &source)
+{
+    static const QRegularExpression tableName(QStringLiteral(R"(^\s*(\[[^\]]+\]|\w+)\s*$)"));
+    const QRegularExpressionMatch m = tableName.match(source);
+    return m.hasMatch() ? QStringLiteral("Select * From ") + m.captured(1) : source;
+}
+
 } // namespace
 
 qint32 Recordset::Open(const QString &sql, const QSqlDatabase &db)
@@ -25,11 +35,12 @@ qint32 Recordset::Open(const QString &sql, const QSqlDatabase &db)
         return Error::DatabaseFailure;
     }
     QSqlQuery query(db);
-    if (!query.exec(DriverSql(db, sql))) {
+    if (!query.exec(DriverSql(db, statementOf(sql)))) {
         m_errorText = query.lastError().text();
         return Error::DatabaseFailure;
     }
     m_errorText.clear();
+    m_record = query.record();
     m_query.emplace(std::move(query));
     m_onRow = m_query->first();
     return 0;
@@ -38,6 +49,7 @@ qint32 Recordset::Open(const QString &sql, const QSqlDatabase &db)
 void Recordset::Close()
 {
     m_query.reset();
+    m_record.clear();
     m_onRow = false;
 }
 
@@ -74,7 +86,8 @@ void Recordset::MoveLast()
 
 QVariant Recordset::Value(const QString &column) const
 {
-    const int position = query().record().indexOf(column);
+    query();   // a closed record set has no columns to look for
+    const int position = m_record.indexOf(column);
     if (position < 0)
         throw Error(Error::ItemNotFound);
     return Value(position);
@@ -94,12 +107,13 @@ QString Recordset::FieldName(int position) const
 {
     if (position < 0 || position >= FieldCount())
         throw Error(Error::ItemNotFound);
-    return query().record().fieldName(position);
+    return m_record.fieldName(position);
 }
 
 int Recordset::FieldCount() const
 {
-    return query().record().count();
+    query();
+    return m_record.count();
 }
 
 } // namespace zolt

@@ -7,6 +7,7 @@
 #include "data/Database.h"
 
 #include <QSqlQuery>
+#include <QSqlRecord>
 #include <QString>
 #include <QVariant>
 
@@ -17,7 +18,8 @@ namespace zolt {
 class Recordset {
 public:
     // Opens the SELECT on db (the library's connection by default); returns 0,
-    // or the database failure number when the statement could not run.
+    // or the database failure number when the statement could not run. A bare
+    // table name ("Menu", "[Groups]") opens all of that table's rows.
     qint32 Open(const QString &sql, const QSqlDatabase &db = CurrentConnection());
     void Close();
 
@@ -42,6 +44,7 @@ private:
     QSqlQuery &query();
 
     std::optional<QSqlQuery> m_query;
+    QSqlRecord m_record;   // the columns, looked up once per open rather than per value
     bool m_onRow = false;
     QString m_errorText;
 };

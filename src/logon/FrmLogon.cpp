@@ -41,8 +41,7 @@ FrmLogon::FrmLogon(QWidget *parent)
     Label2->setObjectName(QStringLiteral("Label2"));
     TxtPass = new QLineEdit(this);
     TxtPass->setObjectName(QStringLiteral("TxtPass"));
-    TxtPass->setEchoMode(QLineEdit::Password);
-    TxtPass->setStyleSheet(QStringLiteral("QLineEdit { lineedit-password-character: 42; }"));   // "*"
+    SetPasswordChar(TxtPass);
     CmdOk = new QPushButton(QStringLiteral("Đồng ý"), this);
     CmdOk->setObjectName(QStringLiteral("CmdOk"));
     CmdOk->setToolTip(QStringLiteral("Click here to Logon!"));
@@ -122,7 +121,6 @@ void FrmLogon::CmdOk_Click()
 void FrmLogon::refuse(const QString &message, int selectionStart)
 {
     ShowMgBox(message, 0, QStringLiteral("Login"), 0, false);
-    activateWindow();   // the message had no owner to hand the keyboard back
     Txtuser->setFocus();
     Txtuser->setSelection(selectionStart, Txtuser->text().size());
 }

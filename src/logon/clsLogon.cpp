@@ -3,7 +3,10 @@
 
 #include "data/Database.h"
 #include "data/General.h"
+#include "logon/FmGrp.h"
+#include "logon/FrmInput.h"
 #include "logon/FrmLogon.h"
+#include "logon/FrmMenu.h"
 #include "msgbox/MdlMsg.h"
 
 #include <zolt/Error.h>
@@ -37,6 +40,32 @@ qint32 clsLogon::ShowLogon(const QSqlDatabase &Connection)
     FrmLogon logon;
     logon.exec();
     return logon.UserCode;
+}
+
+void clsLogon::UserManager(const QSqlDatabase &Connection)
+{
+    useConnection(Connection);
+    FrmMenu users;
+    users.exec();
+}
+
+void clsLogon::ShowUser(const QSqlDatabase &Connection, const QString &UserName)
+{
+    useConnection(Connection);
+    FrmInput editor;
+    editor.FieldsEnabled = false;
+    editor.EditMode = true;
+    editor.UserName = UserName;
+    editor.PreLoad();
+    editor.exec();
+}
+
+void clsLogon::ShowGroup(const QSqlDatabase &Connection)
+{
+    useConnection(Connection);
+    CurrentConnectionString = ConnectionString(Connection);
+    FmGrp groups;
+    groups.exec();
 }
 
 QString clsLogon::MgBox(const QString &Message, qint32 Button, QString &Title, qint32 icon, bool RightToLeft)

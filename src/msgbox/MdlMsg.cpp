@@ -3,13 +3,15 @@
 
 #include "msgbox/MessageBox.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QPointer>
 
 namespace zolt {
 
 QString ShowMgBox(const QString &Message, qint32 Button, QString &Title, qint32 icon, bool RightToLeft)
 {
+    // The box has no owner to hand the keyboard back to: the window that had it gets it again.
+    const QPointer<QWidget> previous = QApplication::activeWindow();
     QPointer<MessageBox> box = new MessageBox;
     if (Title.isEmpty())
         Title = QGuiApplication::applicationDisplayName();
@@ -20,6 +22,8 @@ QString ShowMgBox(const QString &Message, qint32 Button, QString &Title, qint32 
     box->SetIcon(icon);
     box->exec();
     delete box;
+    if (previous)
+        previous->activateWindow();
     return MessageBox::ReturnValue;
 }
 

@@ -1,0 +1,297 @@
+// SPDX-License-Identifier: MIT
+#include "logon/FmGrp.h"
+
+#include "data/Conversions.h"
+#include "data/Database.h"
+#include "data/General.h"
+#include "data/KeyPreview.h"
+#include "data/MdGrid.h"
+#include "data/Options.h"
+#include "data/SqlFunc.h"
+#include "logon/FrPms.h"
+#include "logon/QuoteGuard.h"
+#include "msgbox/MdlMsg.h"
+#include "search/MFind.h"
+
+#include <zolt/Error.h>
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+
+namespace zolt {
+
+namespace {
+
+const QString Add = QStringLiteral("T&hêm");
+const QString CancelAdd = QStringLiteral("&Huỷ thêm");
+const QString SaveError = QStringLiteral("Save Error");
+const QString DeleteTitle = QStringLiteral("Delete");
+
+} // namespace
+
+FmGrp::FmGrp(QWidget *parent)
+    : QDialog(parent)
+{
+    setObjectName(QStringLiteral("FmGrp"));
+    setWindowTitle(QStringLiteral("Groups User"));
+    setFont(QFont(QStringLiteral("VK Sans Serif")));
+
+    Lv1 = Named(new QListWidget(this), "Lv1");
+    Lv1->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    Lv1->setFixedWidth(240);
+    Frame1 = Named(new QGroupBox(QStringLiteral("Thông tin"), this), "Frame1");
+    Label1 = Named(new QLabel(QStringLiteral("Tên nhóm"), Frame1), "Label1");
+    TxtName = Named(new QLineEdit(Frame1), "TxtName");
+    Label2 = Named(new QLabel(QStringLiteral("Diễn giải"), Frame1), "Label2");
+    TxtDesc = Named(new QLineEdit(Frame1), "TxtDesc");
+    FrDetail = Named(new QGroupBox(QStringLiteral("Danh sách"), this), "FrDetail");
+    lvUser = Named(new QTreeWidget(FrDetail), "lvUser");
+    lvUser->setHeaderLabels({QStringLiteral("Tên"), QStringLiteral("Diễn giải")});
+    lvUser->setRootIsDecorated(false);
+    lvUser->setColumnWidth(0, 140);
+    CmdPms = Named(new QPushButton(QStringLiteral("&Phân quyền"), FrDetail), "CmdPms");
+    CmdAdd = Named(new QPushButton(Add, this), "CmdAdd");
+    CmdWrite = Named(new QPushButton(QStringLiteral("&Ghi"), this), "CmdWrite");
+    CmdDelete = Named(new QPushButton(QStringLiteral("&Xoá"), this), "CmdDelete");
+    CmdExit = Named(new QPushButton(QStringLiteral("&Thoát"), this), "CmdExit");
+
+    auto *info = new QGridLayout(Frame1);
+    info->addWidget(Label1, 0, 0);
+    info->addWidget(TxtName, 0, 1);
+    info->addWidget(Label2, 1, 0);
+    info->addWidget(TxtDesc, 1, 1);
+    info->setColumnMinimumWidth(1, 260);
+    auto *detail = new QVBoxLayout(FrDetail);
+    detail->addWidget(lvUser);
+    detail->addWidget(CmdPms, 0, Qt::AlignRight);
+    auto *right = new QVBoxLayout;
+    right->addWidget(Frame1);
+    right->addWidget(FrDetail);
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch();
+    for (QPushButton *button : {CmdAdd, CmdWrite, CmdDelete, CmdExit}) {
+        button->setMinimumWidth(90);
+        buttons->addWidget(button);
+    }
+    CmdPms->setMinimumWidth(110);
+    auto *layout = new QGridLayout(this);
+    layout->setContentsMargins(12, 12, 12, 12);
+    layout->setSpacing(10);
+    layout->addWidget(Lv1, 0, 0);
+    layout->addLayout(right, 0, 1);
+    layout->addLayout(buttons, 1, 0, 1, 2);
+    layout->setRowMinimumHeight(0, 340);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+
+    connect(Lv1, &QListWidget::currentRowChanged, this, &FmGrp::Lv1_Click);
+    Lv1->installEventFilter(this);
+    connect(TxtName, &QLineEdit::textChanged, this, &FmGrp::CheckWrite);
+    connect(CmdAdd, &QPushButton::clicked, this, &FmGrp::CmdAdd_Click);
+    connect(CmdWrite, &QPushButton::clicked, this, &FmGrp::CmdWrite_Click);
+    connect(CmdDelete, &QPushButton::clicked, this, &FmGrp::CmdDelete_Click);
+    connect(CmdPms, &QPushButton::clicked, this, &FmGrp::CmdPms_Click);
+    connect(CmdExit, &QPushButton::clicked, this, &QDialog::accept);
+    EnterMovesToNextControl(this);
+
+    ApplyFormSettings(this);
+    m_table = QStringLiteral("[Groups]");
+    m_viewing = true;
+    ReadInfo(m_table);
+    ViewInit();
+    CheckWrite();
+}
+
+FmGrp::~FmGrp() = default;
+
+qint32 FmGrp::ReadInfo(const QString &Sql)
+{
+    Recordset rs;
+    const qint32 n = OpenQuery(rs, Sql);
+    if (!HasRows(rs))
+        return n;
+    const QSignalBlocker quiet(Lv1);
+    Lv1->clear();
+    try {
+        for (; !rs.Eof(); rs.MoveNext())
+            AddListItem(Lv1, LngVal(rs.Value(QStringLiteral("Code"))),
+                        NullToStr(rs.Value(QStringLiteral("Name"))) + QLatin1Char('-')
+                            + NullToStr(rs.Value(QStringLiteral("Des"))));
+    } catch (const Error &e) {
+        return e.number();
+    }
+    return n;
+}
+
+void FmGrp::ViewInit()
+{
+    if (m_current < 1) {
+        Lv1->setCurrentRow(0);
+        if (SelectedItemData(Lv1) > 0)
+            ViewInfo(SelectedItemData(Lv1));
+    } else if (const int row = FindItemData(Lv1, m_current); row >= 0) {
+        Lv1->setCurrentRow(row);
+        ViewInfo(m_current);
+    }
+}
+
+// The group's name and description, and the users who belong to it.
+void FmGrp::ViewInfo(qint32 Id)
+{
+    m_current = Id;
+    const QString code = QString::number(Id);
+    lvUser->clear();
+    try {
+        Recordset rs;
+        if (OpenQuery(rs, QStringLiteral("Select * From ") + m_table + QStringLiteral(" Where Code=") + code) == 0
+            && HasRows(rs)) {
+            TxtName->setText(NullToStr(rs.Value(QStringLiteral("Name"))));
+            TxtDesc->setText(NullToStr(rs.Value(QStringLiteral("Des"))));
+        }
+        if (OpenQuery(rs, QStringLiteral("Select [Name],[Dec] From [User] Where IdGroup=") + code) == 0) {
+            for (; !rs.Eof(); rs.MoveNext())
+                new QTreeWidgetItem(lvUser, {NullToStr(rs.Value(0)), NullToStr(rs.Value(1))});
+        }
+    } catch (const Error &) {
+        // a table without these columns shows nothing
+    }
+}
+
+// Proposes the next group: the largest name read as a number, plus one.
+void FmGrp::AddRecord()
+{
+    TxtName->setText(QString::number(GetMaxValue(QStringLiteral("Groups"), QStringLiteral("Name"), CurrentConnection()) + 1));
+    TxtDesc->clear();
+}
+
+qint32 FmGrp::WriteData(qint32 Id)
+{
+    const QString sql =
+        Id != 0 ? AddSet(QStringLiteral("Update ") + m_table + QStringLiteral(" Set [Name]='") + TxtName->text()
+                             + QStringLiteral("' Where [Code]=") + QString::number(Id),
+                         QStringLiteral("[Des]"), TxtDesc->text())
+                : AddValues(QStringLiteral("Insert Into ") + m_table + QStringLiteral("([Name]) Values('")
+                                + TxtName->text() + QStringLiteral("')"),
+                            QStringLiteral("[Des]"), TxtDesc->text());
+    try {
+        Execute(sql);
+        return 0;
+    } catch (const Error &e) {
+        return e.number();
+    }
+}
+
+void FmGrp::CheckWrite()
+{
+    CmdWrite->setEnabled(!TxtName->text().isEmpty());
+}
+
+// Groups 1 and 8 are built in: the statement never removes them.
+void FmGrp::DeleteData(const QString &Predicate)
+{
+    try {
+        Execute(QStringLiteral("Delete From ") + m_table + QStringLiteral(" Where Code In (") + Predicate
+                + QStringLiteral(") and (Code Not In (1,8))"));
+    } catch (const Error &) {
+        // not reported
+    }
+}
+
+bool FmGrp::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == Lv1 && event->type() == QEvent::KeyPress) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (key->key() == Qt::Key_Delete && key->modifiers() == Qt::NoModifier) {
+            CmdDelete_Click();
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void FmGrp::Lv1_Click()
+{
+    if (Lv1->count() > 0)
+        ViewInfo(SelectedItemData(Lv1));
+    else
+        AddRecord();
+}
+
+// Adding locks the group's users and rights until it is cancelled.
+void FmGrp::CmdAdd_Click()
+{
+    if (m_viewing) {
+        AddRecord();
+        CmdAdd->setText(CancelAdd);
+        m_viewing = false;
+        TxtName->setFocus();
+    } else {
+        m_viewing = true;
+        CmdAdd->setText(Add);
+        Lv1_Click();
+    }
+    FrDetail->setEnabled(m_viewing);
+}
+
+QString FmGrp::rowText() const
+{
+    return TxtName->text() + QLatin1Char('-') + TxtDesc->text();
+}
+
+void FmGrp::CmdWrite_Click()
+{
+    if (RefuseQuote(TxtName, SaveError))
+        return;
+    if (!m_viewing) {
+        if (WriteData(0) != 0) {
+            ShowMgBox(QStringLiteral("Không thể thêm dữ liệu vào bảng"), 0, SaveError);
+        } else {
+            AddListItem(Lv1, GetMaxValue(m_table, QStringLiteral("Code"), CurrentConnection()), rowText());
+            AddRecord();
+        }
+    } else if (WriteData(m_current) != 0) {
+        ShowMgBox(QStringLiteral("Không thể ghi dữ liệu vào bảng"), 0, SaveError);
+    } else {
+        SetListText(Lv1, rowText());
+    }
+    TxtName->setFocus();
+}
+
+void FmGrp::CmdDelete_Click()
+{
+    if (LngVal(ShowMgBox(QStringLiteral("Bạn có chắc chắn xoá các nhóm đã chọn không?"), 4, DeleteTitle)) != 6)
+        return;
+    qint32 count = 0;
+    QString codes;
+    {
+        const QSignalBlocker quiet(Lv1);
+        codes = TakeSelected(Lv1, count);
+    }
+    if (Lv1->count() == 0) {
+        AddRecord();
+    } else {
+        Lv1_Click();
+        Lv1->setFocus();
+    }
+    if (!codes.isEmpty()) {
+        DeleteData(codes);
+        ShowMgBox(QString::number(count) + QStringLiteral(" danh mục đã bị xoá"), 0, DeleteTitle);
+    }
+}
+
+void FmGrp::CmdPms_Click()
+{
+    FrPms rights(SelectedItemData(Lv1), this);
+    rights.exec();
+}
+
+} // namespace zolt

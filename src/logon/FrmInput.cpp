@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: MIT
+#include "logon/FrmInput.h"
+
+#include "data/Conversions.h"
+#include "data/General.h"
+#include "data/KeyPreview.h"
+#include "data/MdGrid.h"
+#include "logon/MdlLogon.h"
+#include "logon/QuoteGuard.h"
+#include "msgbox/MdlMsg.h"
+#include "search/MFind.h"
+
+#include <zolt/Error.h>
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace zolt {
+
+namespace {
+
+const QString Exists = QStringLiteral("Người sử dụng đã tồn tại");
+const QString BadPassword = QStringLiteral("Mật khẩu không hợp lệ");
+// The add routine's title has always been spelled so; the update routine's not.
+const QString AddTitle = QStringLiteral("User Infomation");
+const QString UpdateTitle = QStringLiteral("User Information");
+
+bool hasUser(const QString &sql)
+{
+    Recordset rs;
+    if (OpenQuery(rs, sql) != 0)
+        throw Error(Error::DatabaseFailure, rs.LastErrorText());
+    return HasRows(rs);
+}
+
+} // namespace
+
+FrmInput::FrmInput(QWidget *parent)
+    : QDialog(parent)
+{
+    setObjectName(QStringLiteral("FrmInput"));
+    setWindowTitle(AddTitle);
+    setFont(QFont(QStringLiteral("VK Sans Serif")));
+
+    Label1 = Named(new QLabel(QStringLiteral("Tên NSD"), this), "Label1");
+    Txtuser = Named(new QLineEdit(this), "Txtuser");
+    Label2 = Named(new QLabel(QStringLiteral("Mật khẩu"), this), "Label2");
+    TxtPass = Named(new QLineEdit(this), "TxtPass");
+    SetPasswordChar(TxtPass);
+    Label4 = Named(new QLabel(QStringLiteral("Xác nhận"), this), "Label4");
+    txtConfirm = Named(new QLineEdit(this), "txtConfirm");
+    SetPasswordChar(txtConfirm);
+    Label3 = Named(new QLabel(QStringLiteral("Giải thích"), this), "Label3");
+    TxtDes = Named(new QLineEdit(this), "TxtDes");
+    Label5 = Named(new QLabel(QStringLiteral("Bộ phận"), this), "Label5");
+    TxtIdGroup = Named(new QComboBox(this), "TxtIdGroup");
+    CMDOK = Named(new QPushButton(QStringLiteral("Đồ&ng ý"), this), "CMDOK");
+    CMDCAN = Named(new QPushButton(QStringLiteral("&Bỏ qua"), this), "CMDCAN");
+    Command1 = Named(new QPushButton(QStringLiteral("&Hướng dẫn"), this), "Command1");
+
+    auto *fields = new QGridLayout;
+    fields->setHorizontalSpacing(12);
+    fields->setVerticalSpacing(8);
+    fields->setColumnMinimumWidth(1, 260);
+    const std::pair<QLabel *, QWidget *> rows[] = {
+        {Label1, Txtuser}, {Label2, TxtPass}, {Label4, txtConfirm}, {Label3, TxtDes}, {Label5, TxtIdGroup}};
+    for (int row = 0; row < 5; ++row) {
+        fields->addWidget(rows[row].first, row, 0);
+        fields->addWidget(rows[row].second, row, 1);
+    }
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch();
+    for (QPushButton *button : {CMDOK, CMDCAN, Command1}) {
+        button->setMinimumWidth(90);
+        buttons->addWidget(button);
+    }
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(16, 16, 16, 12);
+    layout->setSpacing(14);
+    layout->addLayout(fields);
+    layout->addLayout(buttons);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+
+    // Every change enables OK: an emptied name too (the name is checked, but
+    // both outcomes have always enabled it).
+    connect(Txtuser, &QLineEdit::textChanged, this, [this] { CMDOK->setEnabled(true); });
+    for (QLineEdit *box : {TxtPass, txtConfirm})
+        connect(box, &QLineEdit::textChanged, this, [this] { m_passwordChanged = true; });
+    connect(CMDOK, &QPushButton::clicked, this, &FrmInput::CMDOK_Click);
+    connect(CMDCAN, &QPushButton::clicked, this, &QDialog::reject);
+    EnterMovesToNextControl(this);
+}
+
+FrmInput::~FrmInput() = default;
+
+void FrmInput::PreLoad()
+{
+    ApplyFormSettings(this);
+    for (QWidget *field : std::initializer_list<QWidget *>{TxtIdGroup, Txtuser, TxtDes})
+        field->setEnabled(FieldsEnabled);
+    CMDOK->setEnabled(false);
+    ReadDict(TxtIdGroup, QStringLiteral("[Groups]"));
+    if (EditMode) {
+        try {
+            CheckQuotable(UserName);
+            Recordset rs;
+            if (OpenQuery(rs, QStringLiteral("SELECT  *  FROM [User]  WHERE [Name]='") + UserName
+                                  + QLatin1Char('\'')) == 0
+                && HasRows(rs)) {
+                Txtuser->setText(NullToStr(rs.Value(1)));
+                TxtDes->setText(NullToStr(rs.Value(2)));
+                TxtPass->setText(NullToStr(rs.Value(3)));   // the stored digest, not a password
+                txtConfirm->setText(NullToStr(rs.Value(3)));
+                TxtIdGroup->setCurrentIndex(FindItemData(TxtIdGroup, LngVal(rs.Value(QStringLiteral("IdGroup")))));
+            }
+        } catch (const Error &) {
+            // an unreadable user leaves the boxes empty
+        }
+    }
+    m_passwordChanged = false;
+}
+
+// Entries read "name-description" and carry the row's first column.
+void FrmInput::ReadDict(QComboBox *Cmb, const QString &Tbl)
+{
+    const int index = Cmb->currentIndex();
+    Recordset rs;
+    const bool opened = OpenQuery(rs, Tbl) == 0;
+    Cmb->clear();
+    try {
+        for (; opened && !rs.Eof(); rs.MoveNext())
+            Cmb->addItem(NullToStr(rs.Value(1)) + QLatin1Char('-') + NullToStr(rs.Value(2)), LngVal(rs.Value(0)));
+    } catch (const Error &) {
+        // a table of fewer columns gives no entries
+    }
+    Cmb->setCurrentIndex(index < Cmb->count() ? index : -1);
+}
+
+// Both boxes are compared upper-cased, and the password must have a digest.
+bool FrmInput::passwordAccepted() const
+{
+    try {
+        return UCase(TxtPass->text()) == UCase(txtConfirm->text()) && EncodePassword(TxtPass->text()) != 0;
+    } catch (const Error &) {
+        return false;   // too long to digest
+    }
+}
+
+QString FrmInput::digest() const
+{
+    return DoubleToText(EncodePassword(TxtPass->text()));
+}
+
+void FrmInput::CMDOK_Click()
+{
+    const QString title = EditMode ? UpdateTitle : AddTitle;
+    if (RefuseQuote(Txtuser, title) || RefuseQuote(TxtDes, title))
+        return;
+    try {
+        if (EditMode)
+            updateUser(Txtuser->text());
+        else
+            addUser(Txtuser->text());
+    } catch (const Error &e) {
+        refuse(e.description(), title);
+    }
+}
+
+void FrmInput::addUser(const QString &name)
+{
+    if (hasUser(QStringLiteral("SELECT * FROM [User] WHERE [Name]='") + name + QLatin1Char('\'')))
+        return refuse(Exists, AddTitle);
+    if (!passwordAccepted())
+        return refuse(BadPassword, AddTitle);
+    Execute(QStringLiteral("Insert Into [User](Name,[Dec],IdGroup,[Password]) Values('") + name
+            + QStringLiteral("','") + TxtDes->text() + QStringLiteral("',")
+            + QString::number(SelectedItemData(TxtIdGroup)) + QLatin1Char(',') + digest() + QLatin1Char(')'));
+    accept();
+}
+
+void FrmInput::updateUser(const QString &name)
+{
+    const QString old = UserName;
+    CheckQuotable(old);
+    hasUser(QStringLiteral("SELECT  *  FROM [User]  WHERE [Name]='") + old + QLatin1Char('\''));
+    if (hasUser(QStringLiteral("Select  * From [User] Where [Name]='") + name + QStringLiteral("' And [Name] <> '")
+                + old + QLatin1Char('\'')))
+        return refuse(Exists, UpdateTitle);
+    if (!passwordAccepted())   // an untouched password passes: both boxes hold the digest
+        return refuse(BadPassword, UpdateTitle);
+    QString sql = QStringLiteral("UPDATE [User] Set [Name]='") + name + QStringLiteral("',[Dec]='") + TxtDes->text()
+                  + QStringLiteral("',IdGroup=") + QString::number(SelectedItemData(TxtIdGroup));
+    if (m_passwordChanged)
+        sql += QStringLiteral(",[Password]=") + digest();
+    Execute(sql + QStringLiteral(" Where [Name]='") + old + QLatin1Char('\''));
+    accept();
+}
+
+// Tells the user and selects the name for another try.
+void FrmInput::refuse(const QString &message, const QString &title)
+{
+    ShowMgBox(message, 0, title, 0, false);
+    Txtuser->setFocus();
+    Txtuser->selectAll();
+}
+
+} // namespace zolt

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+// The user list: every user of table [User], with buttons to add, edit and
+// delete users through the user editor.
+
+#include <QDialog>
+
+class QPushButton;
+class QTreeWidget;
+class QTreeWidgetItem;
+
+namespace zolt {
+
+class Recordset;
+
+class FrmMenu : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit FrmMenu(QWidget *parent = nullptr);
+    ~FrmMenu() override;
+
+    // Appends one item per row of the query (columns Code, Name, Dec).
+    void ReadInfo(const QString &TableName);
+
+private:
+    void appendRows(Recordset &rs);
+    QTreeWidgetItem *itemOf(const Recordset &rs) const;
+    void CmdAdd_Click();
+    void CmdEdit_Click();
+    void CmdDel_Click();
+
+    QTreeWidget *Lv;
+    QPushButton *CmdAdd;
+    QPushButton *CmdEdit;
+    QPushButton *CmdDel;
+    QPushButton *CmdExit;
+};
+
+} // namespace zolt
