@@ -3,19 +3,21 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QLabel>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 
 namespace zolt::test {
 
-void whenModalShows(std::function<void(QWidget *)> action, int timeoutMs)
+QTimer *whenModalShows(std::function<void(QWidget *)> action, int timeoutMs, const char *name)
 {
     auto *timer = new QTimer(qApp);
     auto waited = std::make_shared<QElapsedTimer>();
     waited->start();
-    QObject::connect(timer, &QTimer::timeout, timer, [timer, waited, action, timeoutMs] {
+    QObject::connect(timer, &QTimer::timeout, timer, [timer, waited, action, timeoutMs, name] {
         QWidget *modal = QApplication::activeModalWidget();
-        if (modal && !modal->isActiveWindow())
+        if (modal && (!modal->isActiveWindow() || (name && modal->objectName() != QLatin1String(name))))
             modal = nullptr;
         if (!modal && waited->elapsed() < timeoutMs)
             return;
@@ -27,6 +29,20 @@ void whenModalShows(std::function<void(QWidget *)> action, int timeoutMs)
             ADD_FAILURE() << "no modal dialog showed";
     });
     timer->start(10);
+    return timer;
+}
+
+QTimer *answerMessages(QStringList *shown, QList<Qt::Key> keys)
+{
+    if (keys.isEmpty())
+        return nullptr;
+    return whenModalShows([shown, keys](QWidget *box) {
+        *shown << child<QLabel>(box, "label4")->text() + u'|' + child<QLabel>(box, "Message")->text();
+        const QPointer<QWidget> answered = box;
+        QTest::keyClick(box->focusWidget(), keys.first());
+        QTest::qWaitFor([&] { return !answered || !answered->isVisible(); });   // a letter clicks with a delay
+        answerMessages(shown, keys.mid(1));
+    }, 5000, "MessageBox");
 }
 
 void typeText(QWidget *widget, const QString &text)

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QList>
 #include <QString>
+#include <QStringList>
+#include <QTimer>
 #include <QWidget>
 
 #include <gtest/gtest.h>
@@ -11,8 +14,14 @@
 namespace zolt::test {
 
 // Runs action on the next modal dialog as soon as it shows and has the
-// keyboard (for dialogs that block in exec()); fails after timeoutMs.
-void whenModalShows(std::function<void(QWidget *)> action, int timeoutMs = 5000);
+// keyboard (for dialogs that block in exec()), the next one of that
+// objectName when name is given; fails after timeoutMs. Deleting the timer
+// it returns gives up waiting.
+QTimer *whenModalShows(std::function<void(QWidget *)> action, int timeoutMs = 5000, const char *name = nullptr);
+
+// Answers the next message boxes of the library, one key each ("C" for Có,
+// Enter for the focused button); *shown receives each one's "title|message".
+QTimer *answerMessages(QStringList *shown, QList<Qt::Key> keys = {Qt::Key_Return});
 
 // Types text into the widget key by key, Vietnamese letters included.
 void typeText(QWidget *widget, const QString &text);

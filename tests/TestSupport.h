@@ -12,6 +12,9 @@
 #include <functional>
 #include <memory>
 
+// Failures print texts as texts.
+inline void PrintTo(const QString &text, std::ostream *os) { *os << '"' << text.toStdString() << '"'; }
+
 namespace zolt::test {
 
 // A real SQLite database file in a temporary folder, open for the test's

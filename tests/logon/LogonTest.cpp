@@ -8,7 +8,6 @@
 #include <zolt/Error.h>
 #include <zolt/clsLogon.h>
 
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
@@ -54,14 +53,11 @@ void typeAndEnter(QWidget &form, const QString &text)
 // Clicks Đồng ý and answers the message it brings; returns that message.
 QString clickOkAndReadRefusal(QWidget &form)
 {
-    QString shown;
-    test::whenModalShows([&shown](QWidget *box) {
-        shown = child<QLabel>(box, "label4")->text() + u'|' + child<QLabel>(box, "Message")->text();
-        QTest::keyClick(box->focusWidget(), Qt::Key_Return);
-    });
+    QStringList shown;
+    test::answerMessages(&shown);
     click(form, "CmdOk");
     EXPECT_TRUE(QTest::qWaitForWindowActive(&form));   // back to the logon
-    return shown;
+    return shown.value(0);
 }
 
 } // namespace

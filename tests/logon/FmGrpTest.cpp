@@ -1,0 +1,181 @@
+// SPDX-License-Identifier: MIT
+#include "logon/QuoteGuard.h"
+
+#include "DialogSupport.h"
+#include "TestSupport.h"
+
+#include <zolt/clsLogon.h>
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+#include <QTreeWidget>
+
+using namespace zolt;
+using namespace Qt::StringLiterals;
+using test::child;
+
+namespace {
+
+class FmGrpTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        db.exec(u"Create Table Groups(Code Integer Primary Key, [Name] Text, Des Text, DanhMuc Integer, ChungTu Integer)"_s);
+        db.exec(u"Insert Into Groups Values(1, 'Quản trị', 'Mọi quyền', 7, 7), (5, 'Kho', 'Thủ kho', 0, 2),"
+                " (8, 'Bán hàng', 'Quầy', 1, Null)"_s);
+        db.exec(u"Create Table [User](Code Integer Primary Key, [Name] Text, Dec Text, [Password] Double, IdGroup Integer)"_s);
+        db.exec(u"Insert Into [User] Values(1, 'admin', 'Quản trị viên', 26209, 1), (2, 'thu', 'Thủ kho', 1065, 5)"_s);
+        db.exec(u"Create Table Menu(ID Integer, [Desc] Text)"_s);
+        db.exec(u"Insert Into Menu Values(1, 'Danh mục'), (2, 'Chứng từ')"_s);
+        db.exec(u"Create Table SubMenu(ID Integer, [Desc] Text, IdMenuBar Integer)"_s);
+        db.exec(u"Insert Into SubMenu Values(1, 'Hàng hoá', 1), (2, 'Khách hàng', 1), (3, 'Nhà cung cấp', 1),"
+                " (6, 'Hoá đơn', 2), (4, 'Phiếu nhập', 2), (5, 'Phiếu xuất', 2)"_s);
+    }
+    // Opens the groups dialog and acts on it with real keys and clicks.
+    void groups(const std::function<void(QWidget *)> &act)
+    {
+        test::whenModalShows(act, 5000, "FmGrp");
+        clsLogon().ShowGroup(db.db());
+    }
+    test::TempDatabase db;
+};
+
+QListWidget *list(QWidget *form, const char *name = "Lv1") { return child<QListWidget>(form, name); }
+QLineEdit *box(QWidget *form, const char *name) { return child<QLineEdit>(form, name); }
+void click(QWidget *form, const char *button) { QTest::mouseClick(child<QPushButton>(form, button), Qt::LeftButton); }
+
+void clickRow(QListWidget *list, int row, Qt::KeyboardModifiers modifiers = {})
+{
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, modifiers, list->visualItemRect(list->item(row)).center());
+}
+
+QStringList texts(const QListWidget *list)
+{
+    QStringList out;
+    for (int row = 0; row < list->count(); ++row)
+        out << list->item(row)->text();
+    return out;
+}
+
+void retype(QLineEdit *edit, const QString &text)
+{
+    edit->setFocus();
+    edit->selectAll();
+    QTest::keyClick(edit, Qt::Key_Backspace);
+    test::typeText(edit, text);
+}
+
+// Opens the rights of the selected group and acts on them.
+void rights(QWidget *form, const std::function<void(QWidget *)> &act)
+{
+    test::whenModalShows(act, 5000, "FrPms");
+    click(form, "CmdPms");
+}
+
+} // namespace
+
+TEST_F(FmGrpTest, DeletingTakesTheRowsButNeverGroupsOneAndEight)
+{
+    groups([](QWidget *form) {
+        EXPECT_EQ(texts(list(form)), (QStringList{u"Quản trị-Mọi quyền"_s, u"Kho-Thủ kho"_s, u"Bán hàng-Quầy"_s}));
+        list(form)->setFocus();
+        QTest::keyClick(list(form), Qt::Key_A, Qt::ControlModifier);
+        QStringList shown;
+        test::answerMessages(&shown, {Qt::Key_C, Qt::Key_Return});
+        QTest::keyClick(list(form), Qt::Key_Delete);
+        EXPECT_EQ(shown, (QStringList{u"Delete|Bạn có chắc chắn xoá các nhóm đã chọn không?"_s,
+                                      u"Delete|3 danh mục đã bị xoá"_s}));
+        EXPECT_EQ(list(form)->count(), 0);
+        EXPECT_EQ(box(form, "TxtName")->text(), "1");   // a new group is proposed
+        click(form, "CmdExit");
+    });
+    EXPECT_TRUE(db.statements().contains(u"Delete From [Groups] Where Code In (1,5,8) and (Code Not In (1,8))"_s));
+    groups([](QWidget *form) {
+        EXPECT_EQ(texts(list(form)), (QStringList{u"Quản trị-Mọi quyền"_s, u"Bán hàng-Quầy"_s}));
+        click(form, "CmdExit");
+    });
+}
+
+TEST_F(FmGrpTest, AddingLocksTheRightsAndWritingNeedsAName)
+{
+    groups([this](QWidget *form) {
+        auto *users = child<QTreeWidget>(form, "lvUser");
+        EXPECT_EQ(users->topLevelItem(0)->text(0), "admin");
+        click(form, "CmdAdd");
+        EXPECT_EQ(child<QPushButton>(form, "CmdAdd")->text(), "&Huỷ thêm");
+        EXPECT_FALSE(child(form, "CmdPms")->isEnabled());
+        box(form, "TxtName")->selectAll();
+        QTest::keyClick(box(form, "TxtName"), Qt::Key_Delete);
+        EXPECT_FALSE(child(form, "CmdWrite")->isEnabled());
+        test::typeText(box(form, "TxtName"), u"O'Hara"_s);
+        QStringList shown;
+        test::answerMessages(&shown);
+        click(form, "CmdWrite");
+        EXPECT_EQ(shown, QStringList{u"Save Error|"_s + QuoteRefused});
+        retype(box(form, "TxtName"), u"Kế toán"_s);
+        test::typeText(box(form, "TxtDesc"), u"Sổ sách"_s);
+        click(form, "CmdWrite");
+        EXPECT_EQ(texts(list(form)).last(), "Kế toán-Sổ sách");
+        EXPECT_EQ(list(form)->item(3)->data(Qt::UserRole).toInt(), 9);
+        EXPECT_EQ(box(form, "TxtName")->text(), "1");   // ready for the next group
+        click(form, "CmdAdd");
+        EXPECT_TRUE(child(form, "CmdPms")->isEnabled());
+
+        clickRow(list(form), 1);
+        EXPECT_EQ(users->topLevelItem(0)->text(1), "Thủ kho");
+        retype(box(form, "TxtName"), u"Kho hàng"_s);
+        click(form, "CmdWrite");
+        EXPECT_EQ(list(form)->item(1)->text(), "Kho hàng-Thủ kho");
+        click(form, "CmdExit");
+    });
+    EXPECT_TRUE(db.statements().contains(u"Insert Into [Groups]([Name],[Des]) Values('Kế toán','Sổ sách ')"_s));
+    EXPECT_TRUE(db.statements().contains(u"Update [Groups] Set [Des]='Thủ kho ',[Name]='Kho hàng' Where [Code]=5"_s));
+    EXPECT_FALSE(db.statements().join(u'\n').contains(u"O'Hara"_s));
+}
+
+TEST_F(FmGrpTest, RightsOfEachBarGoToItsColumnInOneStatement)
+{
+    groups([](QWidget *form) {
+        clickRow(list(form), 1);
+        rights(form, [](QWidget *pms) {
+            EXPECT_EQ(child<QLabel>(pms, "LblTitle")->text(), "Tên nhóm là:Kho - Thủ kho");
+            clickRow(list(pms, "LstMenuBar"), 1);
+            QListWidget *subs = list(pms, "LstSubMenu");
+            EXPECT_EQ(texts(subs), (QStringList{u"Phiếu nhập"_s, u"Phiếu xuất"_s, u"Hoá đơn"_s}));   // by ID
+            EXPECT_EQ(subs->selectedItems(), QList{subs->item(1)});   // rights 2
+            clickRow(subs, 1);
+            clickRow(subs, 0);
+            clickRow(subs, 2);
+            clickRow(list(pms, "LstMenuBar"), 0);
+            clickRow(subs, 1);
+            click(pms, "CmdOk");
+        });
+        rights(form, [](QWidget *pms) {   // Bỏ qua forgets the changes
+            clickRow(list(pms, "LstMenuBar"), 0);
+            clickRow(list(pms, "LstSubMenu"), 0);
+            click(pms, "Command1");
+        });
+        click(form, "CmdExit");
+    });
+    EXPECT_EQ(db.statements().filter(u"Update Groups"_s), QStringList{u"Update Groups Set DanhMuc=2,ChungTu=5 Where Code=5"_s});
+}
+
+TEST_F(FmGrpTest, AGroupsTableWithoutRightsColumnsWritesNothing)
+{
+    db.exec(u"Create Table G2 As Select Code, [Name], Des From Groups"_s);
+    db.exec(u"Drop Table Groups"_s);
+    db.exec(u"Alter Table G2 Rename To Groups"_s);
+    groups([](QWidget *form) {
+        rights(form, [](QWidget *pms) {
+            clickRow(list(pms, "LstMenuBar"), 0);
+            clickRow(list(pms, "LstSubMenu"), 0);
+            click(pms, "CmdOk");   // its statement fails unreported, and the dialog closes
+        });
+        click(form, "CmdExit");
+    });
+    EXPECT_TRUE(db.statements().filter(u"Update"_s).isEmpty());
+}

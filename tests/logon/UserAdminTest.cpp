@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: MIT
+#include "data/Conversions.h"
+#include "logon/MdlLogon.h"
+#include "logon/QuoteGuard.h"
+
+#include "DialogSupport.h"
+#include "TestSupport.h"
+
+#include <zolt/clsLogon.h>
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+#include <QTreeWidget>
+
+using namespace zolt;
+using namespace Qt::StringLiterals;
+using test::child;
+
+namespace {
+
+QString digestOf(const QString &password) { return DoubleToText(EncodePassword(password)); }
+
+class UserAdminTest : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        db.exec(u"Create Table Groups(Code Integer Primary Key, [Name] Text, Des Text)"_s);
+        db.exec(u"Insert Into Groups Values(1, 'Quản trị', 'Mọi quyền'), (8, 'Bán hàng', 'Quầy')"_s);
+        db.exec(u"Create Table [User](Code Integer Primary Key, [Name] Text, Dec Text, [Password] Double, IdGroup Integer)"_s);
+        db.exec(u"Insert Into [User] Values(1, 'admin', 'Quản trị viên', 26209, 1), (3, 'ketoan', 'Kế toán', 1065, 8),"
+                " (5, 'thu', 'Thủ kho', 1065, 8)"_s);
+    }
+    // Opens the user list and acts on it with real keys and clicks.
+    void users(const std::function<void(QTreeWidget *)> &act)
+    {
+        test::whenModalShows([act](QWidget *form) { act(child<QTreeWidget>(form, "Lv")); }, 5000, "FrmMenu");
+        clsLogon().UserManager(db.db());
+    }
+    test::TempDatabase db;
+};
+
+QStringList rows(const QTreeWidget *list)
+{
+    QStringList out;
+    for (int i = 0; i < list->topLevelItemCount(); ++i) {
+        const QTreeWidgetItem *item = list->topLevelItem(i);
+        out << item->text(0) + u'|' + item->text(1) + u'|' + item->text(2);
+    }
+    return out;
+}
+
+void click(QWidget *form, const char *button) { QTest::mouseClick(child<QPushButton>(form, button), Qt::LeftButton); }
+QLineEdit *box(QWidget *form, const char *name) { return child<QLineEdit>(form, name); }
+
+void select(QTreeWidget *list, const QString &code)
+{
+    const auto found = list->findItems(code, Qt::MatchExactly, 2);
+    ASSERT_EQ(found.size(), 1) << code.toStdString();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(found.first()).center());
+}
+
+// Replaces a box's text as a user would: select all, type.
+void retype(QLineEdit *edit, const QString &text)
+{
+    edit->setFocus();
+    edit->selectAll();
+    QTest::keyClick(edit, Qt::Key_Backspace);
+    test::typeText(edit, text);
+}
+
+// Clicks OK in the editor and reads the message it brings ("" when none came).
+QString okAndRead(QWidget *editor)
+{
+    QStringList shown;
+    const QPointer<QTimer> waiting = test::answerMessages(&shown);
+    click(editor, "CMDOK");
+    delete waiting;   // no message came: the editor has closed
+    return shown.value(0);
+}
+
+} // namespace
+
+TEST_F(UserAdminTest, DeleteRefusesUserThreeThenTheLastUserThenAsks)
+{
+    const struct {
+        const char *setup;   // a change to the users before the list opens
+        const char *code;
+        Qt::Key answer;
+        QString message;
+        int left;
+    } cases[] = {
+        {"", "3", Qt::Key_Return, u"Thông báo|Bạn không thể xoá người sử dụng này mà chỉ có thể đổi tên."_s, 3},
+        {"", "5", Qt::Key_Return /* Không has the focus */, u"Thông báo|Bạn chắc chắn xoá người sử dụng này"_s, 3},
+        {"", "5", Qt::Key_C, u"Thông báo|Bạn chắc chắn xoá người sử dụng này"_s, 2},
+        {"Delete From [User] Where Code=1", "3", Qt::Key_Return,
+         u"Thông báo|Bạn không thể xoá người sử dụng này mà chỉ có thể đổi tên."_s, 1},
+        {"Update [User] Set Code=1 Where Code=3", "1", Qt::Key_Return, u"Thông báo|Bạn không thể xoá người sử dụng còn lại cuối cùng của chương trình"_s, 1},
+    };
+    for (const auto &c : cases) {
+        if (*c.setup)
+            db.exec(QLatin1String(c.setup));
+        users([&](QTreeWidget *list) {
+            select(list, QLatin1String(c.code));
+            QStringList shown;
+            test::answerMessages(&shown, {c.answer});
+            click(list->window(), "CmdDel");
+            EXPECT_EQ(shown.value(0), c.message) << c.code;
+            EXPECT_EQ(list->topLevelItemCount(), c.left) << c.code;
+            click(list->window(), "CmdExit");
+        });
+    }
+    EXPECT_TRUE(db.statements().contains(u"Delete from [user] Where [Name]='thu'"_s));
+}
+
+TEST_F(UserAdminTest, AddAppendsTheUsersAddedMeanwhileAndRefusesDuplicatesAndBadPasswords)
+{
+    users([this](QTreeWidget *list) {
+        EXPECT_EQ(rows(list), (QStringList{u"admin|Quản trị viên|1"_s, u"ketoan|Kế toán|3"_s, u"thu|Thủ kho|5"_s}));
+        test::whenModalShows([this](QWidget *editor) {
+            EXPECT_EQ(editor->windowTitle(), "User Infomation");
+            EXPECT_FALSE(child(editor, "CMDOK")->isEnabled());
+            test::typeText(box(editor, "Txtuser"), u"admin"_s);
+            test::typeText(box(editor, "TxtPass"), u"abc"_s);
+            test::typeText(box(editor, "txtConfirm"), u"ABD"_s);
+            auto *group = child<QComboBox>(editor, "TxtIdGroup");
+            EXPECT_EQ(group->itemText(1), "Bán hàng-Quầy");
+            group->setFocus();
+            QTest::keyClick(group, Qt::Key_End);
+            EXPECT_EQ(okAndRead(editor), "User Infomation|Người sử dụng đã tồn tại");
+            EXPECT_EQ(box(editor, "Txtuser")->selectedText(), "admin");
+            test::typeText(box(editor, "Txtuser"), u"O'Hara"_s);
+            EXPECT_EQ(okAndRead(editor), u"User Infomation|"_s + QuoteRefused);
+            retype(box(editor, "Txtuser"), u"Nguyễn Thu"_s);
+            EXPECT_EQ(okAndRead(editor), "User Infomation|Mật khẩu không hợp lệ");
+            retype(box(editor, "txtConfirm"), u"ABC"_s);   // passwords are compared upper-cased
+            db.exec(u"Insert Into [User] Values(6, 'ban2', 'Quầy 2', 1065, 8)"_s);   // another desk, meanwhile
+            EXPECT_EQ(okAndRead(editor), "");
+        });
+        click(list->window(), "CmdAdd");
+        EXPECT_EQ(rows(list).mid(3), (QStringList{u"ban2|Quầy 2|6"_s, u"Nguyễn Thu||7"_s}));
+        test::whenModalShows([](QWidget *editor) { click(editor, "CMDCAN"); });
+        click(list->window(), "CmdAdd");
+        EXPECT_EQ(list->topLevelItemCount(), 5);
+        click(list->window(), "CmdExit");
+    });
+    EXPECT_TRUE(db.statements().contains(
+        u"Insert Into [User](Name,[Dec],IdGroup,[Password]) Values('Nguyễn Thu','',8,"_s + digestOf(u"abc"_s) + u')'));
+    EXPECT_FALSE(db.statements().join(u'\n').contains(u"O'Hara"_s));
+}
+
+TEST_F(UserAdminTest, EditWritesThePasswordOnlyWhenItChanged)
+{
+    users([this](QTreeWidget *list) {
+        test::whenModalShows([](QWidget *editor) {
+            EXPECT_EQ(box(editor, "TxtPass")->text(), "1065");   // the stored digest
+            EXPECT_EQ(child<QComboBox>(editor, "TxtIdGroup")->currentText(), "Bán hàng-Quầy");
+            retype(box(editor, "TxtDes"), u"Kế toán trưởng"_s);
+            EXPECT_EQ(okAndRead(editor), "");   // keeping one's own name is no duplicate
+        });
+        const QTreeWidgetItem *item = list->findItems(u"3"_s, Qt::MatchExactly, 2).first();
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(item).center());
+        QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(item).center());
+        EXPECT_EQ(item->text(1), "Kế toán trưởng");
+
+        test::whenModalShows([](QWidget *editor) {
+            retype(box(editor, "Txtuser"), u"admin"_s);
+            EXPECT_EQ(okAndRead(editor), "User Information|Người sử dụng đã tồn tại");
+            retype(box(editor, "Txtuser"), u"thukho"_s);
+            retype(box(editor, "TxtPass"), u"kho"_s);
+            retype(box(editor, "txtConfirm"), u"kho"_s);
+            EXPECT_EQ(okAndRead(editor), "");
+        });
+        select(list, u"5"_s);
+        click(list->window(), "CmdEdit");
+        EXPECT_EQ(rows(list).last(), "thukho|Thủ kho|5");
+        click(list->window(), "CmdExit");
+    });
+    const QStringList statements = db.statements();
+    EXPECT_TRUE(statements.contains(u"UPDATE [User] Set [Name]='ketoan',[Dec]='Kế toán trưởng',IdGroup=8 Where [Name]='ketoan'"_s));
+    EXPECT_TRUE(statements.contains(u"UPDATE [User] Set [Name]='thukho',[Dec]='Thủ kho',IdGroup=8,[Password]="_s
+                                    + digestOf(u"kho"_s) + u" Where [Name]='thu'"_s));
+    EXPECT_TRUE(statements.contains(u"Select  * From [User] Where [Name]='admin' And [Name] <> 'thu'"_s));
+}
+
+TEST_F(UserAdminTest, AUserMayChangeOnlyHisOwnPassword)
+{
+    test::whenModalShows([](QWidget *editor) {
+        for (const char *locked : {"Txtuser", "TxtDes", "TxtIdGroup"})
+            EXPECT_FALSE(child(editor, locked)->isEnabled()) << locked;
+        EXPECT_EQ(box(editor, "Txtuser")->text(), "thu");
+        retype(box(editor, "TxtPass"), u"moi"_s);
+        QTest::keyClick(editor->focusWidget(), Qt::Key_Return);   // Enter moves on like Tab
+        QTest::qWait(1);
+        EXPECT_TRUE(box(editor, "txtConfirm")->hasFocus());
+        retype(box(editor, "txtConfirm"), u"MOI"_s);
+        EXPECT_EQ(okAndRead(editor), "");
+    });
+    clsLogon().ShowUser(db.db(), u"thu"_s);
+    EXPECT_EQ(db.scalar(u"Select [Password] From [User] Where Code=5"_s).toDouble(), EncodePassword(u"moi"_s));
+}
+
+TEST_F(UserAdminTest, AMissingTableIsToldAndNothingBreaks)
+{
+    db.exec(u"Drop Table [User]"_s);
+    QStringList shown;
+    test::answerMessages(&shown);
+    users([](QTreeWidget *list) {
+        EXPECT_EQ(list->topLevelItemCount(), 0);
+        click(list->window(), "CmdExit");
+    });
+    EXPECT_TRUE(shown.value(0).startsWith(u"Thông báo|no such table"_s)) << shown.value(0).toStdString();
+}
