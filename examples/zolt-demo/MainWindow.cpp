@@ -2,6 +2,7 @@
 #include "MainWindow.h"
 
 #include <zolt/Enums.h>
+#include <zolt/MenuRights.h>
 #include <zolt/Tesmir.h>
 #include <zolt/clsLogon.h>
 
@@ -17,6 +18,9 @@
 #include <QTableView>
 
 namespace {
+
+// The rows of Menu and SubMenu that stand for the library's administration.
+enum : int { SystemBar = 4, UsersItem = 9, GroupsItem = 10, PasswordItem = 11 };
 
 // Prices as a Vietnamese clerk reads them: "125.000".
 class PriceDelegate : public QStyledItemDelegate {
@@ -83,15 +87,16 @@ MainWindow::MainWindow(const QSqlDatabase &db, qint32 userCode, zolt::clsLogon &
 
     const QString user = scalar(db, QStringLiteral("SELECT [Name] FROM [User] WHERE Code = ?"), userCode).toString();
     const qint32 group = scalar(db, QStringLiteral("SELECT IdGroup FROM [User] WHERE Code = ?"), userCode).toInt();
+    m_user = user;
     addRightsMenus(group);
-    addSystemMenu();
     statusBar()->showMessage(QStringLiteral("Người sử dụng: %1   —   %2 mặt hàng")
                                  .arg(user, zolt::Tesmir().CvNStr(QString::number(goods->rowCount()))));
     resize(820, 520);
 }
 
 // One menu per row of Menu; a sub-menu is enabled when its bit is set in the
-// group's rights column for that menu.
+// group's rights column for that menu. The system menu's sub-menus open the
+// library's administration; the others are placeholders.
 void MainWindow::addRightsMenus(qint32 group)
 {
     QSqlQuery rights(m_db);
@@ -102,25 +107,53 @@ void MainWindow::addRightsMenus(qint32 group)
     QSqlQuery bars(QStringLiteral("SELECT ID, [Desc] FROM Menu ORDER BY ID"), m_db);
     for (int bar = 0; bars.next(); ++bar) {
         QMenu *menu = menuBar()->addMenu(QLatin1Char('&') + bars.value(1).toString());
-        const qint64 mask = hasRights ? rights.value(3 + bar).toLongLong() : 0;
+        const QVariant mask = hasRights ? rights.value(3 + bar) : QVariant();
         QSqlQuery items(m_db);
-        items.prepare(QStringLiteral("SELECT [Desc] FROM SubMenu WHERE IdMenuBar = ? ORDER BY ID"));
+        items.prepare(QStringLiteral("SELECT ID, [Desc] FROM SubMenu WHERE IdMenuBar = ? ORDER BY ID"));
         items.addBindValue(bars.value(0));
         items.exec();
         for (int bit = 0; items.next(); ++bit) {
-            const QString name = items.value(0).toString();
-            QAction *action = menu->addAction(name, this, [this, name] {
-                m_logon.MgBox(QStringLiteral("Chức năng \u00ab%1\u00bb có trong phiên bản sau.").arg(name),
-                              zolt::vbOKOnly, QStringLiteral("Bán hàng ZOLT"), zolt::vbInformation);
-            });
-            action->setEnabled(mask & (qint64(1) << bit));
+            QAction *action = menu->addAction(items.value(1).toString());
+            connectSubMenu(action, items.value(0).toInt());
+            action->setEnabled(zolt::GetBit(mask, bit) == 1);
         }
+        if (bars.value(0).toInt() == SystemBar)
+            addSystemItems(menu);
     }
 }
 
-void MainWindow::addSystemMenu()
+void MainWindow::connectSubMenu(QAction *action, int id)
 {
-    QMenu *system = menuBar()->addMenu(QStringLiteral("&Hệ thống"));
+    switch (id) {
+    case UsersItem:
+        action->setObjectName(QStringLiteral("actionUsers"));
+        connect(action, &QAction::triggered, this, [this] { m_logon.UserManager(m_db); });
+        break;
+    case GroupsItem:
+        action->setObjectName(QStringLiteral("actionGroups"));
+        connect(action, &QAction::triggered, this, [this] { m_logon.ShowGroup(m_db); });
+        break;
+    case PasswordItem:
+        action->setObjectName(QStringLiteral("actionPassword"));
+        connect(action, &QAction::triggered, this, [this] { m_logon.ShowUser(m_db, m_user); });
+        break;
+    default:
+        connect(action, &QAction::triggered, this, [this, name = action->text()] {
+            m_logon.MgBox(QStringLiteral("Chức năng \u00ab%1\u00bb có trong phiên bản sau.").arg(name),
+                          zolt::vbOKOnly, QStringLiteral("Bán hàng ZOLT"), zolt::vbInformation);
+        });
+    }
+}
+
+// Logging on again and quitting are open to every user.
+void MainWindow::addSystemItems(QMenu *system)
+{
+    system->addSeparator();
+    QAction *again = system->addAction(QStringLiteral("Đăng &nhập lại"), this, [this] {
+        m_logonAgain = m_quitConfirmed = true;
+        close();
+    });
+    again->setObjectName(QStringLiteral("actionLogonAgain"));
     QAction *quit = system->addAction(QStringLiteral("&Thoát"), this, &QWidget::close);
     quit->setObjectName(QStringLiteral("actionQuit"));
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));

@@ -4,27 +4,36 @@
 #include <QMainWindow>
 #include <QSqlDatabase>
 
+class QAction;
+class QMenu;
+
 namespace zolt {
 class clsLogon;
 }
 
 // The sales application's main window: the goods list, and menus whose items
-// follow the rights of the user's group.
+// follow the rights of the user's group as they were at the logon.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
 public:
     MainWindow(const QSqlDatabase &db, qint32 userCode, zolt::clsLogon &logon);
 
+    // True when the user closed the window to log on again, maybe as someone else.
+    bool logonAgain() const { return m_logonAgain; }
+
 protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
     void addRightsMenus(qint32 group);
-    void addSystemMenu();
+    void connectSubMenu(QAction *action, int id);
+    void addSystemItems(QMenu *system);
     bool askToQuit();
 
     QSqlDatabase m_db;
     zolt::clsLogon &m_logon;
+    QString m_user;
     bool m_quitConfirmed = false;
+    bool m_logonAgain = false;
 };

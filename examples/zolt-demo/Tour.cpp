@@ -3,8 +3,10 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 
 #include <cstdio>
@@ -19,26 +21,52 @@ Tour::Tour(const QString &folder)
     : m_folder(folder)
 {
     m_folder.mkpath(QStringLiteral("."));
+    const auto logOn = [](const QString &user, const QString &password) {
+        return [user, password](QWidget *logon) {
+            logon->findChild<QLineEdit *>(QStringLiteral("Txtuser"))->clear();
+            logon->findChild<QLineEdit *>(QStringLiteral("TxtPass"))->clear();
+            typeInto(logon, "Txtuser", user);
+            typeInto(logon, "TxtPass", password);
+        };
+    };
+    const auto click = [](const char *button) { return [button](QWidget *window) { clickLater(window, button); }; };
+    const auto trigger = [](const char *action) { return [action](QWidget *window) { triggerLater(window, action); }; };
     m_steps = {
-        {QStringLiteral("FrmLogon"), QStringLiteral("01-logon"), [this](QWidget *logon) {
-             typeInto(logon, "Txtuser", QStringLiteral("admin"));
-             typeInto(logon, "TxtPass", QStringLiteral("sai"));
-             clickLater(logon, "CmdOk");
+        {QStringLiteral("FrmLogon"), QString(), logOn(QStringLiteral("admin"), QStringLiteral("sai"))},
+        {QStringLiteral("FrmLogon"), QStringLiteral("01-logon"), click("CmdOk")},
+        {QStringLiteral("MessageBox"), QStringLiteral("02-logon-refused"), click("Cmd1")},
+        {QStringLiteral("FrmLogon"), QString(), logOn(QStringLiteral("admin"), QStringLiteral("admin"))},
+        {QStringLiteral("FrmLogon"), QStringLiteral("03-logon-accepted"), click("CmdOk")},
+        {QStringLiteral("MainWindow"), QStringLiteral("04-main-window"), trigger("actionUsers")},
+        {QStringLiteral("FrmMenu"), QStringLiteral("05-user-list"), click("CmdAdd")},
+        {QStringLiteral("FrmInput"), QString(), [](QWidget *editor) {
+             typeInto(editor, "Txtuser", QStringLiteral("thungan"));
+             typeInto(editor, "TxtPass", QStringLiteral("123"));
+             typeInto(editor, "txtConfirm", QStringLiteral("123"));
+             typeInto(editor, "TxtDes", QStringLiteral("Thu ngân quầy 1"));
+             editor->findChild<QComboBox *>(QStringLiteral("TxtIdGroup"))->setCurrentIndex(1);
          }},
-        {QStringLiteral("MessageBox"), QStringLiteral("02-logon-refused"),
-         [this](QWidget *box) { clickLater(box, "Cmd1"); }},
-        {QStringLiteral("FrmLogon"), QString(), [this](QWidget *logon) {
-             logon->findChild<QLineEdit *>(QStringLiteral("TxtPass"))->clear();
-             typeInto(logon, "TxtPass", QStringLiteral("admin"));
+        {QStringLiteral("FrmInput"), QStringLiteral("06-user-adding"), click("CMDOK")},
+        {QStringLiteral("FrmMenu"), QStringLiteral("07-user-added"), click("CmdExit")},
+        {QStringLiteral("MainWindow"), QString(), trigger("actionGroups")},
+        {QStringLiteral("FmGrp"), QString(), click("CmdAdd")},
+        {QStringLiteral("FmGrp"), QStringLiteral("08-groups-adding"), click("CmdAdd")},
+        {QStringLiteral("FmGrp"), QStringLiteral("09-groups"), [](QWidget *groups) {
+             groups->findChild<QListWidget *>(QStringLiteral("Lv1"))->setCurrentRow(1);
+             clickLater(groups, "CmdPms");
          }},
-        {QStringLiteral("FrmLogon"), QStringLiteral("03-logon-accepted"),
-         [this](QWidget *logon) { clickLater(logon, "CmdOk"); }},
-        {QStringLiteral("MainWindow"), QStringLiteral("04-main-window"), [](QWidget *main) {
-             QMetaObject::invokeMethod(main->findChild<QAction *>(QStringLiteral("actionQuit")),
-                                       &QAction::trigger, Qt::QueuedConnection);
+        {QStringLiteral("FrPms"), QString(), [](QWidget *rights) {
+             rights->findChild<QListWidget *>(QStringLiteral("LstMenuBar"))->setCurrentRow(1);
          }},
-        {QStringLiteral("MessageBox"), QStringLiteral("05-message-box"),
-         [this](QWidget *box) { clickLater(box, "Cmd1"); }},
+        {QStringLiteral("FrPms"), QStringLiteral("10-menu-rights"), click("CmdOk")},
+        {QStringLiteral("FmGrp"), QString(), click("CmdExit")},
+        {QStringLiteral("MainWindow"), QString(), trigger("actionPassword")},
+        {QStringLiteral("FrmInput"), QStringLiteral("11-own-password"), click("CMDCAN")},
+        {QStringLiteral("MainWindow"), QString(), trigger("actionLogonAgain")},
+        {QStringLiteral("FrmLogon"), QString(), logOn(QStringLiteral("thungan"), QStringLiteral("123"))},
+        {QStringLiteral("FrmLogon"), QString(), click("CmdOk")},
+        {QStringLiteral("MainWindow"), QStringLiteral("12-main-window-clerk"), trigger("actionQuit")},
+        {QStringLiteral("MessageBox"), QStringLiteral("13-message-box"), click("Cmd1")},
     };
     connect(&m_timer, &QTimer::timeout, this, &Tour::poll);
 }
@@ -49,15 +77,32 @@ void Tour::start()
     m_timer.start(50);
 }
 
+// The window a user would be looking at: the top modal dialog, else the
+// active window, else the main window (the offscreen platform has no window
+// manager to give it the keyboard back when a dialog closes).
+QWidget *Tour::current()
+{
+    if (QWidget *modal = QApplication::activeModalWidget())
+        return modal;
+    if (QWidget *active = QApplication::activeWindow())
+        return active;
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && window->inherits("QMainWindow"))
+            return window;
+    }
+    return nullptr;
+}
+
 void Tour::poll()
 {
     if (finished())
         return;
     const Step &step = m_steps.at(m_next);
-    QWidget *window = QApplication::activeWindow();
+    QWidget *window = current();
     if (!window || window->objectName() != step.window) {
         if (m_clock.elapsed() > Patience) {
-            std::fprintf(stderr, "tour: no window %s appeared\n", qPrintable(step.window));
+            std::fprintf(stderr, "tour: no window %s appeared (%s is active)\n", qPrintable(step.window),
+                         window ? qPrintable(window->objectName()) : "none");
             QApplication::exit(1);
         }
         return;
@@ -83,6 +128,13 @@ void Tour::typeInto(QWidget *window, const char *field, const QString &text)
         QApplication::sendEvent(edit, &press);
         QApplication::sendEvent(edit, &release);
     }
+}
+
+// Triggers once the current step has returned: the action may open a modal dialog.
+void Tour::triggerLater(QWidget *window, const char *action)
+{
+    QMetaObject::invokeMethod(window->findChild<QAction *>(QLatin1String(action)), &QAction::trigger,
+                              Qt::QueuedConnection);
 }
 
 // Clicks once the current step has returned: the click may open a modal dialog.

@@ -28,8 +28,10 @@ private:
         std::function<void(QWidget *)> act;
     };
     void poll();
-    void typeInto(QWidget *window, const char *field, const QString &text);
-    void clickLater(QWidget *window, const char *button);
+    static QWidget *current();
+    static void typeInto(QWidget *window, const char *field, const QString &text);
+    static void clickLater(QWidget *window, const char *button);
+    static void triggerLater(QWidget *window, const char *action);
 
     QDir m_folder;
     QList<Step> m_steps;

@@ -56,14 +56,14 @@ int main(int argc, char **argv)
     }
 
     zolt::clsLogon logon;
-    const qint32 user = logon.ShowLogon(db);
-    if (user == 0)
-        return walk ? 1 : 0;
-
-    MainWindow window(db, user, logon);
-    window.show();
-    const int result = app.exec();
-    if (walk && !walk->finished())
-        return 1;
-    return result;
+    for (;;) {
+        const qint32 user = logon.ShowLogon(db);
+        if (user == 0)
+            return walk ? 1 : 0;
+        MainWindow window(db, user, logon);   // menus as the user's rights are now
+        window.show();
+        const int result = app.exec();
+        if (!window.logonAgain())
+            return walk && !walk->finished() ? 1 : result;
+    }
 }

@@ -48,7 +48,7 @@ FmGrp::FmGrp(QWidget *parent)
 
     Lv1 = Named(new QListWidget(this), "Lv1");
     Lv1->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    Lv1->setFixedWidth(240);
+    Lv1->setFixedWidth(330);
     Frame1 = Named(new QGroupBox(QStringLiteral("Thông tin"), this), "Frame1");
     Label1 = Named(new QLabel(QStringLiteral("Tên nhóm"), Frame1), "Label1");
     TxtName = Named(new QLineEdit(Frame1), "TxtName");

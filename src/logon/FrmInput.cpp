@@ -58,6 +58,7 @@ FrmInput::FrmInput(QWidget *parent)
     TxtDes = Named(new QLineEdit(this), "TxtDes");
     Label5 = Named(new QLabel(QStringLiteral("Bộ phận"), this), "Label5");
     TxtIdGroup = Named(new QComboBox(this), "TxtIdGroup");
+    TxtIdGroup->setSizeAdjustPolicy(QComboBox::AdjustToContents);   // "name-description" shown whole
     CMDOK = Named(new QPushButton(QStringLiteral("Đồ&ng ý"), this), "CMDOK");
     CMDCAN = Named(new QPushButton(QStringLiteral("&Bỏ qua"), this), "CMDCAN");
     Command1 = Named(new QPushButton(QStringLiteral("&Hướng dẫn"), this), "Command1");
