@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdio>
+#include <malloc.h>
 #include <map>
 #include <string>
 #include <vector>
@@ -51,6 +52,10 @@ int main(int argc, char **argv)
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Fixed allocator thresholds: otherwise glibc tunes them to what ran
+    // before, and a benchmark's time depends on its neighbours.
+    mallopt(M_MMAP_THRESHOLD, 64 << 20);
+    mallopt(M_TRIM_THRESHOLD, 256 << 20);
     QApplication app(argc, argv);
     benchmark::Initialize(&argc, argv);
     zolt::bench::Reporter reporter;

@@ -26,8 +26,9 @@ int findKey(const QAbstractItemModel *model, qint32 value)
 
 void AddListItem(QListWidget *list, qint32 itemData, const QString &text)
 {
-    auto *item = new QListWidgetItem(text, list);
-    item->setData(ItemDataRole, itemData);
+    auto *item = new QListWidgetItem(text);
+    item->setData(ItemDataRole, itemData);   // before the list has it: no change to announce
+    list->addItem(item);
 }
 
 void SetListText(QListWidget *list, const QString &text)

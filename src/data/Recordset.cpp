@@ -86,11 +86,16 @@ void Recordset::MoveLast()
 
 QVariant Recordset::Value(const QString &column) const
 {
+    return Value(FieldPosition(column));
+}
+
+int Recordset::FieldPosition(const QString &column) const
+{
     query();   // a closed record set has no columns to look for
     const int position = m_record.indexOf(column);
     if (position < 0)
         throw Error(Error::ItemNotFound);
-    return Value(position);
+    return position;
 }
 
 QVariant Recordset::Value(int position) const

@@ -37,6 +37,9 @@ public:
     QVariant Value(const QString &column) const;
     QVariant Value(int position) const;
     QString FieldName(int position) const;
+    // The position of a column by name, for reading many rows by position;
+    // 3265 for an unknown column.
+    int FieldPosition(const QString &column) const;
     int FieldCount() const;
 
 private:

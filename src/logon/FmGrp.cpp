@@ -122,10 +122,11 @@ qint32 FmGrp::ReadInfo(const QString &Sql)
     const QSignalBlocker quiet(Lv1);
     Lv1->clear();
     try {
+        const int code = rs.FieldPosition(QStringLiteral("Code"));
+        const int name = rs.FieldPosition(QStringLiteral("Name"));
+        const int description = rs.FieldPosition(QStringLiteral("Des"));
         for (; !rs.Eof(); rs.MoveNext())
-            AddListItem(Lv1, LngVal(rs.Value(QStringLiteral("Code"))),
-                        NullToStr(rs.Value(QStringLiteral("Name"))) + QLatin1Char('-')
-                            + NullToStr(rs.Value(QStringLiteral("Des"))));
+            AddListItem(Lv1, LngVal(rs.Value(code)), NullToStr(rs.Value(name)) + u'-' + NullToStr(rs.Value(description)));
     } catch (const Error &e) {
         return e.number();
     }
@@ -134,6 +135,7 @@ qint32 FmGrp::ReadInfo(const QString &Sql)
 
 void FmGrp::ViewInit()
 {
+    const QSignalBlocker quiet(Lv1);   // the group is shown once, below
     if (m_current < 1) {
         Lv1->setCurrentRow(0);
         if (SelectedItemData(Lv1) > 0)

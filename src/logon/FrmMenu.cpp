@@ -15,25 +15,73 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPushButton>
-#include <QTreeWidget>
+#include <QAbstractTableModel>
+#include <QTreeView>
 #include <QVBoxLayout>
 
+#include <array>
+
 namespace zolt {
+
+// The users Lv shows, three texts a row and no object per row: the list of a
+// large firm opens as fast as its query. A row's key is its user's code.
+class UserRows : public QAbstractTableModel {
+public:
+    enum Column { NameColumn, DescriptionColumn, CodeColumn, ColumnCount };
+    using Row = std::array<QString, ColumnCount>;
+
+    using QAbstractTableModel::QAbstractTableModel;
+
+    int rowCount(const QModelIndex &parent = {}) const override { return parent.isValid() ? 0 : int(m_rows.size()); }
+    int columnCount(const QModelIndex &parent = {}) const override { return parent.isValid() ? 0 : ColumnCount; }
+
+    QVariant data(const QModelIndex &index, int role) const override
+    {
+        static const QIcon ic1(QStringLiteral(":/zolt/ic1.png"));
+        if (role == Qt::DisplayRole)
+            return m_rows[index.row()][index.column()];
+        if (role == Qt::DecorationRole && index.column() == NameColumn)
+            return ic1;
+        return {};
+    }
+
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override
+    {
+        static const QString captions[] = {QStringLiteral("Tên"), QStringLiteral("Diễn giải"), QStringLiteral("Mã số")};
+        return orientation == Qt::Horizontal && role == Qt::DisplayRole ? captions[section] : QVariant();
+    }
+
+    const Row &at(int row) const { return m_rows[row]; }
+
+    void append(const QList<Row> &rows)
+    {
+        if (rows.isEmpty())
+            return;
+        beginInsertRows({}, int(m_rows.size()), int(m_rows.size() + rows.size() - 1));
+        m_rows += rows;
+        endInsertRows();
+    }
+
+    void setText(int row, Column column, const QString &text)
+    {
+        m_rows[row][column] = text;
+        emit dataChanged(index(row, column), index(row, column));
+    }
+
+    void remove(int row)
+    {
+        beginRemoveRows({}, row, row);
+        m_rows.removeAt(row);
+        endRemoveRows();
+    }
+
+private:
+    QList<Row> m_rows;
+};
 
 namespace {
 
 const QString Notice = QStringLiteral("Thông báo");
-constexpr int KeyRole = Qt::UserRole;   // an item's key: "T" and the user's code
-enum Column { NameColumn, DescriptionColumn, CodeColumn };
-
-QTreeWidgetItem *findByKey(QTreeWidget *list, const QString &key)
-{
-    for (int i = 0; i < list->topLevelItemCount(); ++i) {
-        if (list->topLevelItem(i)->data(NameColumn, KeyRole).toString() == key)
-            return list->topLevelItem(i);
-    }
-    return nullptr;
-}
 
 } // namespace
 
@@ -44,8 +92,9 @@ FrmMenu::FrmMenu(QWidget *parent)
     setWindowTitle(QStringLiteral("Users Management"));
     setFont(QFont(QStringLiteral("VK Sans Serif")));
 
-    Lv = Named(new QTreeWidget(this), "Lv");
-    Lv->setHeaderLabels({QStringLiteral("Tên"), QStringLiteral("Diễn giải"), QStringLiteral("Mã số")});
+    m_users = new UserRows(this);
+    Lv = Named(new QTreeView(this), "Lv");
+    Lv->setModel(m_users);
     Lv->setRootIsDecorated(false);
     Lv->setUniformRowHeights(true);
     Lv->setAllColumnsShowFocus(true);
@@ -72,16 +121,16 @@ FrmMenu::FrmMenu(QWidget *parent)
 
     connect(CmdAdd, &QPushButton::clicked, this, &FrmMenu::CmdAdd_Click);
     connect(CmdEdit, &QPushButton::clicked, this, &FrmMenu::CmdEdit_Click);
-    connect(Lv, &QTreeWidget::itemDoubleClicked, this, &FrmMenu::CmdEdit_Click);
+    connect(Lv, &QTreeView::doubleClicked, this, &FrmMenu::CmdEdit_Click);
     connect(CmdDel, &QPushButton::clicked, this, &FrmMenu::CmdDel_Click);
     connect(CmdExit, &QPushButton::clicked, this, &QDialog::accept);
 
     ApplyFormSettings(this);
     // The name column takes three fifths of the list, less a little.
     const qint32 w = RoundToLong(Lv->width() / 5.0);
-    Lv->setColumnWidth(NameColumn, w);
-    Lv->setColumnWidth(DescriptionColumn, RoundToLong(w * 2.9));
-    Lv->setColumnWidth(CodeColumn, w);
+    Lv->setColumnWidth(UserRows::NameColumn, w);
+    Lv->setColumnWidth(UserRows::DescriptionColumn, RoundToLong(w * 2.9));
+    Lv->setColumnWidth(UserRows::CodeColumn, w);
     ReadInfo(QStringLiteral("Select Code,Name,Dec from [user] Order by Code"));
 }
 
@@ -90,33 +139,26 @@ FrmMenu::~FrmMenu() = default;
 void FrmMenu::ReadInfo(const QString &TableName)
 {
     Recordset rs;
-    if (OpenQuery(rs, TableName) != 0)
-        return void(ShowMgBox(rs.LastErrorText(), 0, Notice, 0, false));
-    appendRows(rs);
-}
-
-// One item per row, added together: the list lays itself out once.
-void FrmMenu::appendRows(Recordset &rs)
-{
-    QList<QTreeWidgetItem *> items;
+    QList<UserRows::Row> rows;
     try {
-        for (; HasRows(rs); rs.MoveNext())
-            items << itemOf(rs);
+        if (OpenQuery(rs, TableName) != 0)
+            throw Error(Error::DatabaseFailure, rs.LastErrorText());
+        if (HasRows(rs)) {
+            const int code = rs.FieldPosition(QStringLiteral("Code"));
+            const int name = rs.FieldPosition(QStringLiteral("Name"));
+            const int description = rs.FieldPosition(QStringLiteral("Dec"));
+            for (; !rs.Eof(); rs.MoveNext())
+                rows.append({NullToStr(rs.Value(name)), NullToStr(rs.Value(description)), NullToStr(rs.Value(code))});
+        }
     } catch (const Error &e) {
-        ShowMgBox(e.description(), 0, Notice, 0, false);
+        ShowMgBox(e.description(), 0, Notice);
     }
-    Lv->addTopLevelItems(items);
+    m_users->append(rows);
 }
 
-QTreeWidgetItem *FrmMenu::itemOf(const Recordset &rs) const
+int FrmMenu::selectedRow() const
 {
-    static const QIcon ic1(QStringLiteral(":/zolt/ic1.png"));
-    const QString code = NullToStr(rs.Value(QStringLiteral("Code")));
-    auto *item = new QTreeWidgetItem({NullToStr(rs.Value(QStringLiteral("Name"))),
-                                      NullToStr(rs.Value(QStringLiteral("Dec"))), code});
-    item->setData(NameColumn, KeyRole, QString(u'T' + code));
-    item->setIcon(NameColumn, ic1);
-    return item;
+    return Lv->currentIndex().isValid() ? Lv->currentIndex().row() : -1;
 }
 
 // Appends the users added while the editor was open; the list is not sorted again.
@@ -135,39 +177,41 @@ void FrmMenu::CmdAdd_Click()
 
 void FrmMenu::CmdEdit_Click()
 {
-    QTreeWidgetItem *item = Lv->currentItem();
-    if (!item || item->text(NameColumn).isEmpty())
+    const int row = selectedRow();
+    if (row < 0 || m_users->at(row)[UserRows::NameColumn].isEmpty())
         return;
     FrmInput editor(this);
     editor.FieldsEnabled = true;
     editor.EditMode = true;
-    editor.UserName = item->text(NameColumn);
+    editor.UserName = m_users->at(row)[UserRows::NameColumn];
     editor.PreLoad();
     editor.exec();
     Recordset rs;
-    if (OpenQuery(rs, QStringLiteral("Select * From [User] Where Code=") + item->text(CodeColumn)) == 0 && HasRows(rs)) {
-        item->setText(NameColumn, NullToStr(rs.Value(QStringLiteral("Name"))));
-        item->setText(DescriptionColumn, NullToStr(rs.Value(QStringLiteral("Dec"))));
+    if (OpenQuery(rs, QStringLiteral("Select * From [User] Where Code=") + m_users->at(row)[UserRows::CodeColumn]) == 0
+        && HasRows(rs)) {
+        m_users->setText(row, UserRows::NameColumn, NullToStr(rs.Value(QStringLiteral("Name"))));
+        m_users->setText(row, UserRows::DescriptionColumn, NullToStr(rs.Value(QStringLiteral("Dec"))));
     }
 }
 
 // User 3 is never deleted, only renamed; nor is the last user.
 void FrmMenu::CmdDel_Click()
 {
-    QTreeWidgetItem *item = Lv->currentItem();
-    if (!item)
+    const int row = selectedRow();
+    if (row < 0)
         return;
-    if (LngVal(item->text(CodeColumn)) == 3)
+    const QString name = m_users->at(row)[UserRows::NameColumn];
+    if (LngVal(m_users->at(row)[UserRows::CodeColumn]) == 3)
         return void(ShowMgBox(QStringLiteral("Bạn không thể xoá người sử dụng này mà chỉ có thể đổi tên."), 0, Notice));
-    if (Lv->topLevelItemCount() == 1)
+    if (m_users->rowCount() == 1)
         return void(ShowMgBox(QStringLiteral("Bạn không thể xoá người sử dụng còn lại cuối cùng của chương trình"), 0,
                               Notice));
     if (LngVal(ShowMgBox(QStringLiteral("Bạn chắc chắn xoá người sử dụng này"), 4, Notice)) != 6)
         return;
     try {
-        CheckQuotable(item->text(NameColumn));
-        Execute(QStringLiteral("Delete from [user] Where [Name]='") + item->text(NameColumn) + QLatin1Char('\''));
-        delete findByKey(Lv, item->data(NameColumn, KeyRole).toString());
+        CheckQuotable(name);
+        Execute(QStringLiteral("Delete from [user] Where [Name]='") + name + QLatin1Char('\''));
+        m_users->remove(row);
     } catch (const Error &e) {
         ShowMgBox(e.description(), 0, Notice);
     }

@@ -7,12 +7,12 @@
 #include <QDialog>
 
 class QPushButton;
-class QTreeWidget;
-class QTreeWidgetItem;
+class QTreeView;
 
 namespace zolt {
 
 class Recordset;
+class UserRows;
 
 class FrmMenu : public QDialog {
     Q_OBJECT
@@ -25,13 +25,13 @@ public:
     void ReadInfo(const QString &TableName);
 
 private:
-    void appendRows(Recordset &rs);
-    QTreeWidgetItem *itemOf(const Recordset &rs) const;
+    int selectedRow() const;
     void CmdAdd_Click();
     void CmdEdit_Click();
     void CmdDel_Click();
 
-    QTreeWidget *Lv;
+    UserRows *m_users;
+    QTreeView *Lv;
     QPushButton *CmdAdd;
     QPushButton *CmdEdit;
     QPushButton *CmdDel;

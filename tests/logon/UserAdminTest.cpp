@@ -13,7 +13,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
-#include <QTreeWidget>
+#include <QTreeView>
 
 using namespace zolt;
 using namespace Qt::StringLiterals;
@@ -34,33 +34,36 @@ protected:
                 " (5, 'thu', 'Thủ kho', 1065, 8)"_s);
     }
     // Opens the user list and acts on it with real keys and clicks.
-    void users(const std::function<void(QTreeWidget *)> &act)
+    void users(const std::function<void(QTreeView *)> &act)
     {
-        test::whenModalShows([act](QWidget *form) { act(child<QTreeWidget>(form, "Lv")); }, 5000, "FrmMenu");
+        test::whenModalShows([act](QWidget *form) { act(child<QTreeView>(form, "Lv")); }, 5000, "FrmMenu");
         clsLogon().UserManager(db.db());
     }
     test::TempDatabase db;
 };
 
-QStringList rows(const QTreeWidget *list)
+QString text(const QTreeView *list, int row, int column) { return list->model()->index(row, column).data().toString(); }
+
+QStringList rows(const QTreeView *list)
 {
     QStringList out;
-    for (int i = 0; i < list->topLevelItemCount(); ++i) {
-        const QTreeWidgetItem *item = list->topLevelItem(i);
-        out << item->text(0) + u'|' + item->text(1) + u'|' + item->text(2);
-    }
+    for (int row = 0; row < list->model()->rowCount(); ++row)
+        out << text(list, row, 0) + u'|' + text(list, row, 1) + u'|' + text(list, row, 2);
     return out;
 }
 
 void click(QWidget *form, const char *button) { QTest::mouseClick(child<QPushButton>(form, button), Qt::LeftButton); }
 QLineEdit *box(QWidget *form, const char *name) { return child<QLineEdit>(form, name); }
 
-void select(QTreeWidget *list, const QString &code)
+// The centre of the user's row, found by code.
+QPoint rowOf(const QTreeView *list, const QString &code)
 {
-    const auto found = list->findItems(code, Qt::MatchExactly, 2);
-    ASSERT_EQ(found.size(), 1) << code.toStdString();
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(found.first()).center());
+    const auto found = list->model()->match(list->model()->index(0, 2), Qt::DisplayRole, code, 1, Qt::MatchExactly);
+    EXPECT_EQ(found.size(), 1) << code.toStdString();
+    return found.isEmpty() ? QPoint() : list->visualRect(found.first()).center();
 }
+
+void select(QTreeView *list, const QString &code) { QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, rowOf(list, code)); }
 
 // Replaces a box's text as a user would: select all, type.
 void retype(QLineEdit *edit, const QString &text)
@@ -102,13 +105,13 @@ TEST_F(UserAdminTest, DeleteRefusesUserThreeThenTheLastUserThenAsks)
     for (const auto &c : cases) {
         if (*c.setup)
             db.exec(QLatin1String(c.setup));
-        users([&](QTreeWidget *list) {
+        users([&](QTreeView *list) {
             select(list, QLatin1String(c.code));
             QStringList shown;
             test::answerMessages(&shown, {c.answer});
             click(list->window(), "CmdDel");
             EXPECT_EQ(shown.value(0), c.message) << c.code;
-            EXPECT_EQ(list->topLevelItemCount(), c.left) << c.code;
+            EXPECT_EQ(list->model()->rowCount(), c.left) << c.code;
             click(list->window(), "CmdExit");
         });
     }
@@ -117,7 +120,7 @@ TEST_F(UserAdminTest, DeleteRefusesUserThreeThenTheLastUserThenAsks)
 
 TEST_F(UserAdminTest, AddAppendsTheUsersAddedMeanwhileAndRefusesDuplicatesAndBadPasswords)
 {
-    users([this](QTreeWidget *list) {
+    users([this](QTreeView *list) {
         EXPECT_EQ(rows(list), (QStringList{u"admin|Quản trị viên|1"_s, u"ketoan|Kế toán|3"_s, u"thu|Thủ kho|5"_s}));
         test::whenModalShows([this](QWidget *editor) {
             EXPECT_EQ(editor->windowTitle(), "User Infomation");
@@ -143,7 +146,7 @@ TEST_F(UserAdminTest, AddAppendsTheUsersAddedMeanwhileAndRefusesDuplicatesAndBad
         EXPECT_EQ(rows(list).mid(3), (QStringList{u"ban2|Quầy 2|6"_s, u"Nguyễn Thu||7"_s}));
         test::whenModalShows([](QWidget *editor) { click(editor, "CMDCAN"); });
         click(list->window(), "CmdAdd");
-        EXPECT_EQ(list->topLevelItemCount(), 5);
+        EXPECT_EQ(list->model()->rowCount(), 5);
         click(list->window(), "CmdExit");
     });
     EXPECT_TRUE(db.statements().contains(
@@ -153,17 +156,16 @@ TEST_F(UserAdminTest, AddAppendsTheUsersAddedMeanwhileAndRefusesDuplicatesAndBad
 
 TEST_F(UserAdminTest, EditWritesThePasswordOnlyWhenItChanged)
 {
-    users([this](QTreeWidget *list) {
+    users([this](QTreeView *list) {
         test::whenModalShows([](QWidget *editor) {
             EXPECT_EQ(box(editor, "TxtPass")->text(), "1065");   // the stored digest
             EXPECT_EQ(child<QComboBox>(editor, "TxtIdGroup")->currentText(), "Bán hàng-Quầy");
             retype(box(editor, "TxtDes"), u"Kế toán trưởng"_s);
             EXPECT_EQ(okAndRead(editor), "");   // keeping one's own name is no duplicate
         });
-        const QTreeWidgetItem *item = list->findItems(u"3"_s, Qt::MatchExactly, 2).first();
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(item).center());
-        QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(item).center());
-        EXPECT_EQ(item->text(1), "Kế toán trưởng");
+        select(list, u"3"_s);
+        QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, rowOf(list, u"3"_s));
+        EXPECT_EQ(text(list, 1, 1), "Kế toán trưởng");
 
         test::whenModalShows([](QWidget *editor) {
             retype(box(editor, "Txtuser"), u"admin"_s);
@@ -207,8 +209,8 @@ TEST_F(UserAdminTest, AMissingTableIsToldAndNothingBreaks)
     db.exec(u"Drop Table [User]"_s);
     QStringList shown;
     test::answerMessages(&shown);
-    users([](QTreeWidget *list) {
-        EXPECT_EQ(list->topLevelItemCount(), 0);
+    users([](QTreeView *list) {
+        EXPECT_EQ(list->model()->rowCount(), 0);
         click(list->window(), "CmdExit");
     });
     EXPECT_TRUE(shown.value(0).startsWith(u"Thông báo|no such table"_s)) << shown.value(0).toStdString();
