@@ -4,7 +4,9 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPointer>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
@@ -53,6 +55,19 @@ void typeText(QWidget *widget, const QString &text)
                                 : (c == QLatin1Char(' ') ? Qt::Key_Space : Qt::Key_unknown);
         QTest::sendKeyEvent(QTest::Click, widget, key, QString(c), Qt::NoModifier);
     }
+}
+
+void click(const QWidget *form, const char *button)
+{
+    QTest::mouseClick(child<QPushButton>(form, button), Qt::LeftButton);
+}
+
+void retype(QLineEdit *edit, const QString &text)
+{
+    edit->setFocus();
+    edit->selectAll();
+    QTest::keyClick(edit, Qt::Key_Backspace);
+    typeText(edit, text);
 }
 
 void showActive(QWidget *window)

@@ -11,6 +11,8 @@
 
 #include <functional>
 
+class QLineEdit;
+
 namespace zolt::test {
 
 // Runs action on the next modal dialog as soon as it shows and has the
@@ -28,6 +30,12 @@ void typeText(QWidget *widget, const QString &text);
 
 // Shows the window and waits until it has the keyboard.
 void showActive(QWidget *window);
+
+// Clicks the form's button of that objectName with the mouse.
+void click(const QWidget *form, const char *button);
+
+// Replaces the box's text as a user does: select all, erase, type.
+void retype(QLineEdit *edit, const QString &text);
 
 // A dialog's control by its objectName; fails the test when it is missing.
 template <typename T = QWidget>

@@ -17,6 +17,8 @@
 using namespace zolt;
 using namespace Qt::StringLiterals;
 using test::child;
+using test::click;
+using test::retype;
 
 namespace {
 
@@ -46,7 +48,6 @@ protected:
 
 QListWidget *list(QWidget *form, const char *name = "Lv1") { return child<QListWidget>(form, name); }
 QLineEdit *box(QWidget *form, const char *name) { return child<QLineEdit>(form, name); }
-void click(QWidget *form, const char *button) { QTest::mouseClick(child<QPushButton>(form, button), Qt::LeftButton); }
 
 void clickRow(QListWidget *list, int row, Qt::KeyboardModifiers modifiers = {})
 {
@@ -59,14 +60,6 @@ QStringList texts(const QListWidget *list)
     for (int row = 0; row < list->count(); ++row)
         out << list->item(row)->text();
     return out;
-}
-
-void retype(QLineEdit *edit, const QString &text)
-{
-    edit->setFocus();
-    edit->selectAll();
-    QTest::keyClick(edit, Qt::Key_Backspace);
-    test::typeText(edit, text);
 }
 
 // Opens the rights of the selected group and acts on them.

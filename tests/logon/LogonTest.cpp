@@ -40,7 +40,7 @@ protected:
 };
 
 QLineEdit *field(QWidget &form, const char *name) { return child<QLineEdit>(&form, name); }
-void click(QWidget &form, const char *button) { QTest::mouseClick(child<QPushButton>(&form, button), Qt::LeftButton); }
+void click(QWidget &form, const char *button) { test::click(&form, button); }
 
 // Types into the focused field and presses Enter, which moves on like Tab.
 void typeAndEnter(QWidget &form, const QString &text)

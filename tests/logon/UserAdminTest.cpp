@@ -18,6 +18,8 @@
 using namespace zolt;
 using namespace Qt::StringLiterals;
 using test::child;
+using test::click;
+using test::retype;
 
 namespace {
 
@@ -52,7 +54,6 @@ QStringList rows(const QTreeView *list)
     return out;
 }
 
-void click(QWidget *form, const char *button) { QTest::mouseClick(child<QPushButton>(form, button), Qt::LeftButton); }
 QLineEdit *box(QWidget *form, const char *name) { return child<QLineEdit>(form, name); }
 
 // The centre of the user's row, found by code.
@@ -64,15 +65,6 @@ QPoint rowOf(const QTreeView *list, const QString &code)
 }
 
 void select(QTreeView *list, const QString &code) { QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, rowOf(list, code)); }
-
-// Replaces a box's text as a user would: select all, type.
-void retype(QLineEdit *edit, const QString &text)
-{
-    edit->setFocus();
-    edit->selectAll();
-    QTest::keyClick(edit, Qt::Key_Backspace);
-    test::typeText(edit, text);
-}
 
 // Clicks OK in the editor and reads the message it brings ("" when none came).
 QString okAndRead(QWidget *editor)
