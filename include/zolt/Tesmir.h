@@ -3,6 +3,7 @@
 
 #include <zolt/zolt_export.h>
 
+#include <QSqlDatabase>
 #include <QString>
 #include <QVariant>
 
@@ -45,6 +46,12 @@ public:
     void WriteRegA(const QString &UserName, const QString &VlName, const QString &Vl,
                    const QString &Path) const;
     QString ReadRegVlA(const QString &UserName, const QString &VlName, const QString &Path) const;
+
+    // The search wizard on table TblName of Connection, which becomes the
+    // library's connection: the condition the user composed, to be put after
+    // WHERE, or "" when he cancelled or the table has no catalogue rows.
+    // A QSqlDatabase without a driver raises zolt::Error 13.
+    QString FindShow(const QSqlDatabase &Connection, const QString &TblName) const;
 
     // "-" or "+" when St starts with it, else "".
     QString Sign(const QString &St) const;

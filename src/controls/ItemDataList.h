@@ -6,6 +6,7 @@
 // them. (Lists whose rows carry a whole number follow MdGrid.)
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -27,6 +28,10 @@ public:
     virtual void Clear() = 0;
     virtual QString ItemData(int index) const = 0;
     virtual void SetItemData(int index, const QString &data) = 0;
+    // Appends rows with their item data (texts and data of one length), as
+    // AddItem and SetItemData would one by one; lists that can take them at
+    // once do, for catalogues of a million rows.
+    virtual void AppendItems(const QStringList &texts, const QStringList &data);
 };
 
 // Raises error 381 unless index names one of count rows.

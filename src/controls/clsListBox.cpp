@@ -99,6 +99,19 @@ void clsListBox::SetItemData(int index, const QString &data)
     m_itemData[index] = data;
 }
 
+void clsListBox::AppendItems(const QStringList &texts, const QStringList &data)
+{
+    auto *strings = m_view ? qobject_cast<QStringListModel *>(model()) : nullptr;
+    if (!strings || texts.isEmpty())
+        return ItemDataList::AppendItems(texts, data);
+    const int selected = ListIndex();
+    strings->setStringList(strings->stringList() + texts);
+    m_itemData += data;
+    m_newIndex = ListCount() - 1;
+    if (selected >= 0)
+        SetListIndex(selected);
+}
+
 QString clsListBox::Value() const
 {
     const int index = ListIndex();

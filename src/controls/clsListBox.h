@@ -37,6 +37,8 @@ public:
     // Error 381 for an index without a row.
     QString ItemData(int index) const override;
     void SetItemData(int index, const QString &data) override;
+    // A list view on a string list model takes the rows in one go.
+    void AppendItems(const QStringList &texts, const QStringList &data) override;
 
     // The item data of the selected row, "" when none; setting it selects the
     // first row whose data matches without regard to case, or none.

@@ -62,6 +62,14 @@ void SetCurrentConnection(const QSqlDatabase &connection)
     currentConnectionName() = connection.connectionName();
 }
 
+void UseConnection(const QSqlDatabase &connection)
+{
+    if (!connection.isValid())
+        throw Error(Error::TypeMismatch);
+    SetCurrentConnection(connection);
+    CurrentConnectionString = ConnectionString(connection);
+}
+
 QString ConnectionString(const QSqlDatabase &db)
 {
     QStringList parts = {QStringLiteral("Driver=") + db.driverName(), QStringLiteral("Database=") + db.databaseName()};

@@ -15,6 +15,10 @@ namespace zolt {
 // connection when it is done.
 QSqlDatabase CurrentConnection();
 void SetCurrentConnection(const QSqlDatabase &connection);
+// What every public entry point does with the connection it is handed: a
+// QSqlDatabase without a driver raises zolt::Error 13 before anything shows;
+// otherwise it becomes CurrentConnection, described in CurrentConnectionString.
+void UseConnection(const QSqlDatabase &connection);
 // The description of CurrentConnection, where an entry point keeps it.
 extern QString CurrentConnectionString;
 // A connection described as "Driver=...;Database=...", with its server and

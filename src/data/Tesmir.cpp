@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include <zolt/Tesmir.h>
+#include <zolt/clsSearch.h>
 
 #include "data/Conversions.h"
+#include "data/Database.h"
 #include "platform/IniFile.h"
 #include "platform/KeyDelivery.h"
 
@@ -133,6 +135,15 @@ QString Tesmir::ReadRegVlA(const QString &UserName, const QString &VlName,
                            const QString &Path) const
 {
     return ReadProfileString(UserName, VlName, QString(), Path).left(BufferLength);
+}
+
+QString Tesmir::FindShow(const QSqlDatabase &Connection, const QString &TblName) const
+{
+    UseConnection(Connection);
+    clsSearch search;
+    search.SetTableSearch(TblName);
+    search.Show(1);
+    return search.Result();
 }
 
 QString Tesmir::Sign(const QString &St) const

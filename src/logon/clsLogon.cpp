@@ -9,21 +9,8 @@
 #include "logon/FrmMenu.h"
 #include "msgbox/MdlMsg.h"
 
-#include <zolt/Error.h>
 
 namespace zolt {
-
-namespace {
-
-// Every entry point that takes a connection makes it the library's first.
-void useConnection(const QSqlDatabase &connection)
-{
-    if (!connection.isValid())
-        throw Error(Error::TypeMismatch);
-    SetCurrentConnection(connection);
-}
-
-} // namespace
 
 struct clsLogon::Private {};
 
@@ -36,7 +23,7 @@ clsLogon::~clsLogon() = default;
 
 qint32 clsLogon::ShowLogon(const QSqlDatabase &Connection)
 {
-    useConnection(Connection);
+    UseConnection(Connection);
     FrmLogon logon;
     logon.exec();
     return logon.UserCode;
@@ -44,14 +31,14 @@ qint32 clsLogon::ShowLogon(const QSqlDatabase &Connection)
 
 void clsLogon::UserManager(const QSqlDatabase &Connection)
 {
-    useConnection(Connection);
+    UseConnection(Connection);
     FrmMenu users;
     users.exec();
 }
 
 void clsLogon::ShowUser(const QSqlDatabase &Connection, const QString &UserName)
 {
-    useConnection(Connection);
+    UseConnection(Connection);
     FrmInput editor;
     editor.FieldsEnabled = false;
     editor.EditMode = true;
@@ -62,8 +49,7 @@ void clsLogon::ShowUser(const QSqlDatabase &Connection, const QString &UserName)
 
 void clsLogon::ShowGroup(const QSqlDatabase &Connection)
 {
-    useConnection(Connection);
-    CurrentConnectionString = ConnectionString(Connection);
+    UseConnection(Connection);
     FmGrp groups;
     groups.exec();
 }

@@ -79,21 +79,28 @@ qint32 CountRecords(Recordset &rs)
 
 void FillList(ItemDataList &list, const QString &order, QString sql)
 {
+    if (!order.isEmpty())
+        sql += QStringLiteral(" Order By ") + order;
+    Recordset rs;
+    if (OpenQuery(rs, sql) != 0)
+        return;
+    const int remembered = list.ListIndex();
+    list.Clear();
+    QStringList texts, data;
     try {
-        if (!order.isEmpty())
-            sql += QStringLiteral(" Order By ") + order;
-        Recordset rs;
-        if (OpenQuery(rs, sql) != 0)
-            return;
-        const int remembered = list.ListIndex();
-        list.Clear();
-        for (; !rs.Eof(); rs.MoveNext()) {
-            list.AddItem(NullToStr(rs.Value(1)));
-            list.SetItemData(list.NewIndex(), NullToStr(rs.Value(0)));
-        }
+        ReadRows(rs, texts, data);
+        list.AppendItems(texts, data);
         list.SetListIndex(remembered < list.ListCount() ? remembered : 0);
     } catch (const Error &) {
-        // the list stays as far as it got
+        list.AppendItems(texts, data);   // the list as far as it got
+    }
+}
+
+void ReadRows(Recordset &rs, QStringList &texts, QStringList &data)
+{
+    for (; !rs.Eof(); rs.MoveNext()) {
+        texts.append(NullToStr(rs.Value(1)));   // the text first: a single column is no list
+        data.append(NullToStr(rs.Value(0)));
     }
 }
 

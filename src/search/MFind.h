@@ -42,6 +42,9 @@ qint32 CountRecords(Recordset &rs);
 // still has that row, else the first row is selected. A failing query leaves
 // the list as far as it got.
 void FillList(ItemDataList &list, const QString &order, QString sql);
+// The rest of the record set's rows: the second column as text, the first as
+// item data. Error 3265 when there is no second column.
+void ReadRows(Recordset &rs, QStringList &texts, QStringList &data);
 
 // Fills FieldRelation and FieldType from sql, a query of LstFld, in order.
 void LoadFieldInfo(QString sql, const QString &order);

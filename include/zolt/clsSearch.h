@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <zolt/zolt_export.h>
+
+#include <QSqlDatabase>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+class QWidget;
+
+namespace zolt {
+
+// The search wizard for a host: the user composes a condition over
+// TableSearch from the fields its catalogue (table LstFld) offers, and Result
+// is that condition, to be put after WHERE; "" when the user cancelled.
+//
+// The dialog's queries run on the library's connection, the one that a logon
+// entry point or Tesmir::FindShow was last given, never on ActiveConnection.
+class ZOLT_EXPORT clsSearch {
+public:
+    clsSearch();
+    ~clsSearch();
+    clsSearch(const clsSearch &) = delete;
+    clsSearch &operator=(const clsSearch &) = delete;
+
+    // The description of the class's own connection, "" until one is set.
+    QString ActiveConnection() const;
+    void SetActiveConnection(const QString &Cnn);
+    // Takes the connection's description (driver, database, server, user).
+    void SetActiveConnection(const QSqlDatabase &Cnn);
+
+    QString TableSearch() const;
+    void SetTableSearch(const QString &TableName);
+
+    // The condition left by the last Show.
+    QString Result() const;
+
+    // Shows the dialog: modally when Modal is 1, else without waiting, in
+    // which case Result is read at once and is "".
+    void Show(std::optional<qint32> Modal = std::nullopt, QWidget *OwnerForm = nullptr);
+
+private:
+    struct Private;
+    const std::unique_ptr<Private> d;
+};
+
+} // namespace zolt

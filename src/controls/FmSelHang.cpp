@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: MIT
+#include "controls/FmSelHang.h"
+
+#include "controls/clsListBox.h"
+#include "data/General.h"
+#include "data/KeyPreview.h"
+#include "data/Options.h"
+#include "data/PrefixMatcher.h"
+#include "search/MFind.h"
+
+#include <zolt/Error.h>
+
+#include <QApplication>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
+#include <QStringListModel>
+#include <QVBoxLayout>
+
+namespace zolt {
+
+FmSelHang::FmSelHang(QWidget *parent)
+    : QDialog(parent)
+{
+    setObjectName(QStringLiteral("FmSelHang"));
+    setWindowTitle(QStringLiteral("Danh mục hàng hoá"));
+    setFont(QFont(QStringLiteral("VK Sans Serif")));
+
+    Label1 = Named(new QLabel(QStringLiteral("Tên danh mục"), this), "Label1");
+    TxtSelH = Named(new QLineEdit(this), "TxtSelH");
+    FrDetail = Named(new QGroupBox(QStringLiteral("Danh sách"), this), "FrDetail");
+    lv1IP = Named(new QListView(FrDetail), "lv1IP");
+    lv1IP->setUniformItemSizes(true);   // a million rows are laid out without measuring each
+    lv1IP->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    lv1IP->setFixedSize(420, 320);
+    m_names = new QStringListModel(this);
+    lv1IP->setModel(m_names);
+    CmdSel = Named(new QPushButton(QStringLiteral("&Chọn"), this), "CmdSel");
+    CmdQuit = Named(new QPushButton(QStringLiteral("&Thoát"), this), "CmdQuit");
+
+    auto *search = new QHBoxLayout;
+    search->addWidget(Label1);
+    search->addWidget(TxtSelH, 1);
+    (new QVBoxLayout(FrDetail))->addWidget(lv1IP);
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch();
+    for (QPushButton *button : {CmdSel, CmdQuit}) {
+        button->setMinimumWidth(90);
+        buttons->addWidget(button);
+    }
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(12, 12, 12, 12);
+    layout->setSpacing(10);
+    layout->addLayout(search);
+    layout->addWidget(FrDetail);
+    layout->addLayout(buttons);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+
+    m_binder = new clsListBox(this);
+    m_binder->SetTListBox(lv1IP);
+    connect(TxtSelH, &QLineEdit::textChanged, this, &FmSelHang::TxtSelH_Change);
+    TxtSelH->installEventFilter(this);
+    // Only a click takes a row; moving with the keys does not.
+    connect(lv1IP, &QListView::clicked, this, [this] {
+        if (m_binder->ListCount() > 0)
+            SelectedValue = m_binder->Value();
+    });
+    connect(CmdSel, &QPushButton::clicked, this, [this] {
+        Chosen = true;
+        accept();
+    });
+    connect(CmdQuit, &QPushButton::clicked, this, [this] {
+        Chosen = false;
+        reject();
+    });
+    EnterMovesToNextControl(this);
+}
+
+FmSelHang::~FmSelHang() = default;
+
+int FmSelHang::exec()
+{
+    ApplyFormSettings(this);
+    m_accentBlind = ReadOption(QStringLiteral("Config"), QStringLiteral("AccentBlindSearch"), QString()) != u'0';
+    ReadInfo(ListSql);
+    SelectedValue = m_binder->Value();
+    Chosen = false;
+    TxtSelH->setText(SearchText);
+    TxtSelH->setFocus();
+    if (m_binder->ListCount() > 0) {
+        selectRow(0);
+        SelectedValue = m_binder->Value();   // the row selected on load counts as clicked
+    }
+    return QDialog::exec();
+}
+
+// Leaving by any way but Chọn gives no choice.
+void FmSelHang::done(int result)
+{
+    if (!Chosen)
+        SelectedValue.clear();
+    QDialog::done(result);
+}
+
+qint32 FmSelHang::ReadInfo(const QString &Sql)
+{
+    Recordset rs;
+    if (const qint32 n = OpenQuery(rs, Sql); n != 0)
+        return n;
+    if (HasRows(rs)) {
+        m_binder->Clear();
+        QStringList names, codes;
+        try {
+            ReadRows(rs, names, codes);
+        } catch (const Error &) {
+            // a query of one column lists nothing
+        }
+        m_binder->AppendItems(names, codes);
+    }
+    return 0;
+}
+
+qint32 FmSelHang::FindString(const QString &St) const
+{
+    const PrefixMatcher typed(St, m_accentBlind);
+    const QStringList &names = m_names->stringList();
+    for (qsizetype i = 0; i < names.size(); ++i) {
+        if (typed.Matches(names[i]))
+            return qint32(i);
+    }
+    return -1;
+}
+
+void FmSelHang::TxtSelH_Change()
+{
+    selectRow(FindString(TxtSelH->text()));
+}
+
+void FmSelHang::selectRow(int row)
+{
+    m_binder->SetListIndex(row);
+    if (row >= 0)
+        lv1IP->scrollTo(m_names->index(row), QAbstractItemView::PositionAtTop);
+}
+
+// Up, Down, Page Up and Page Down typed in the name box move through the list
+// and stay there.
+bool FmSelHang::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == TxtSelH && event->type() == QEvent::KeyPress) {
+        auto *key = static_cast<QKeyEvent *>(event);
+        if (key->key() == Qt::Key_Up || key->key() == Qt::Key_Down || key->key() == Qt::Key_PageUp
+            || key->key() == Qt::Key_PageDown) {
+            QKeyEvent copy(key->type(), key->key(), key->modifiers(), key->text());
+            QApplication::sendEvent(lv1IP, &copy);
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+} // namespace zolt

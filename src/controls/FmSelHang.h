@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+// The pick list that a look-up opens: the rows of a query as names, narrowed
+// to the first name that begins with what the user types, giving back the
+// code of the chosen row.
+
+#include <QDialog>
+
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QListView;
+class QPushButton;
+class QStringListModel;
+
+namespace zolt {
+
+class clsListBox;
+
+class FmSelHang : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit FmSelHang(QWidget *parent = nullptr);
+    ~FmSelHang() override;
+
+    // Set by the caller: the query (code, then name) and the text typed so far.
+    QString ListSql;
+    QString SearchText;
+    // The code of the row clicked last, or of the row selected on load; ""
+    // unless the dialog was left by Chọn.
+    QString SelectedValue;
+    bool Chosen = false;
+
+    // Loads the list, then shows the dialog modally.
+    int exec() override;
+    void done(int result) override;
+
+    // Fills the list from the query; 0, or the error number of its open.
+    qint32 ReadInfo(const QString &Sql);
+    // The first row whose name begins with St (see PrefixMatcher); -1 when none.
+    qint32 FindString(const QString &St) const;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void TxtSelH_Change();
+    void selectRow(int row);
+
+    bool m_accentBlind = true;
+    clsListBox *m_binder;
+    QStringListModel *m_names;
+    QLabel *Label1;
+    QLineEdit *TxtSelH;
+    QGroupBox *FrDetail;
+    QListView *lv1IP;
+    QPushButton *CmdSel;
+    QPushButton *CmdQuit;
+};
+
+} // namespace zolt

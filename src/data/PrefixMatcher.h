@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+// Finding a name by its first letters as clerks type them: case aside, and,
+// when the typed text carries no diacritic, without regard to diacritics
+// ("nguyen" finds "Nguyễn", "duong" finds "Đường"). Typed text is taken in
+// Unicode normal form C, so that what an input method sends decomposed
+// matches the precomposed names of the database.
+
+#include <QString>
+#include <QStringView>
+
+namespace zolt {
+
+class PrefixMatcher {
+public:
+    // accentBlind: whether typed text without diacritics may match names with them.
+    PrefixMatcher(const QString &typed, bool accentBlind);
+
+    // True when text begins with the typed text.
+    bool Matches(QStringView text) const
+    {
+        if (text.size() < m_typed.size())
+            return false;
+        for (qsizetype i = 0; i < m_typed.size(); ++i) {
+            if (m_fold[text[i].unicode()] != m_typed[i])
+                return false;
+        }
+        return true;
+    }
+
+private:
+    QString m_typed;           // folded as m_fold folds
+    const char16_t *m_fold;    // the fold of every UTF-16 code unit
+};
+
+// True when the text holds a letter with a diacritic (a Vietnamese tone or
+// vowel mark, or "đ").
+bool HasDiacritics(QStringView text);
+
+} // namespace zolt
