@@ -37,22 +37,29 @@ const char *const SampleRows[] = {
     "INSERT INTO SubMenu VALUES (9, 'Người sử dụng', 4)",
     "INSERT INTO SubMenu VALUES (10, 'Nhóm người sử dụng', 4)",
     "INSERT INTO SubMenu VALUES (11, 'Đổi mật khẩu', 4)",
-    "CREATE TABLE Hang (MaHang TEXT PRIMARY KEY, TenHang TEXT, DonVi TEXT, GiaBan DOUBLE, NgayNhap TEXT)",
-    "INSERT INTO LstFld VALUES (1, 'MaHang', 'Mã hàng', 'Hang', 'SELECT MaHang, TenHang FROM Hang', 10)",
+    "CREATE TABLE Hang (MaHang TEXT PRIMARY KEY, TenHang TEXT, DonVi TEXT, GiaBan DOUBLE, NgayNhap TEXT, MaNCC TEXT)",
+    "CREATE TABLE DonVi (Code TEXT PRIMARY KEY, Name TEXT)",
+    "INSERT INTO DonVi VALUES ('gói', 'Gói'), ('hộp', 'Hộp'), ('chai', 'Chai'), ('thùng', 'Thùng'), ('kg', 'Ki-lô-gam')",
+    "CREATE TABLE NhaCungCap (Code TEXT PRIMARY KEY, Name TEXT)",
+    "INSERT INTO NhaCungCap VALUES ('NCC01', 'Công ty Hảo Hạng'), ('NCC02', 'Nguyễn Văn An'),"
+    " ('NCC03', 'Đường Sài Gòn'), ('NCC04', 'Nguyên Phát'), ('NCC05', 'Tạp hoá Bình Minh'), ('NCC06', 'Nguyen Thi Hoa')",
+    "INSERT INTO LstFld VALUES (1, 'MaHang', 'Mã hàng', 'Hang', 'SELECT MaHang, TenHang FROM Hang WHERE TenHang', 10)",
     "INSERT INTO LstFld VALUES (2, 'TenHang', 'Tên hàng', 'Hang', NULL, 10)",
-    "INSERT INTO LstFld VALUES (3, 'DonVi', 'Đơn vị tính', 'Hang', NULL, 11)",
+    "INSERT INTO LstFld VALUES (3, 'DonVi', 'Đơn vị tính', 'Hang', 'DonVi', 11)",
     "INSERT INTO LstFld VALUES (4, 'GiaBan', 'Giá bán', 'Hang', NULL, 3)",
     "INSERT INTO LstFld VALUES (5, 'NgayNhap', 'Ngày nhập', 'Hang', NULL, 8)",
+    "INSERT INTO LstFld VALUES (6, 'MaNCC', 'Nhà cung cấp', 'Hang', 'NhaCungCap', 11)",
     "INSERT INTO Operator VALUES (1, 'LIKE', 'Bắt đầu bằng', 10)",
     "INSERT INTO Operator VALUES (2, '=', 'Bằng', 10)",
     "INSERT INTO Operator VALUES (3, 'IN', 'Thuộc danh sách', 10)",
-    "INSERT INTO Operator VALUES (4, 'LIKE', 'Bắt đầu bằng', 11)",
-    "INSERT INTO Operator VALUES (5, '=', 'Bằng', 3)",
+    "INSERT INTO Operator VALUES (4, '=', 'Bằng', 11)",
+    "INSERT INTO Operator VALUES (5, 'LIKE', 'Bắt đầu bằng', 11)",
     "INSERT INTO Operator VALUES (6, '>', 'Lớn hơn', 3)",
     "INSERT INTO Operator VALUES (7, '<', 'Nhỏ hơn', 3)",
-    "INSERT INTO Operator VALUES (8, '=', 'Đúng ngày', 8)",
-    "INSERT INTO Operator VALUES (9, '>=', 'Từ ngày', 8)",
-    "INSERT INTO Operator VALUES (10, '<=', 'Đến ngày', 8)",
+    "INSERT INTO Operator VALUES (8, '=', 'Bằng', 3)",
+    "INSERT INTO Operator VALUES (9, '=', 'Đúng ngày', 8)",
+    "INSERT INTO Operator VALUES (10, '>=', 'Từ ngày', 8)",
+    "INSERT INTO Operator VALUES (11, '<=', 'Đến ngày', 8)",
 };
 
 // The statements of a script whose every statement ends its line with ";".
@@ -82,8 +89,9 @@ bool run(QSqlDatabase &db, const QString &sql, QString &error)
     return false;
 }
 
-// A few thousand goods, made up from kinds, makers and packings.
-bool addGoods(QSqlDatabase &db, QString &error)
+// Goods made up from kinds, makers and grades, half of the makers written
+// without their accents, as clerks often type them.
+bool addGoods(QSqlDatabase &db, int rows, QString &error)
 {
     const QStringList kinds = {
         QStringLiteral("Bánh quy"), QStringLiteral("Cà phê"), QStringLiteral("Trà xanh"),
@@ -92,32 +100,30 @@ bool addGoods(QSqlDatabase &db, QString &error)
         QStringLiteral("Nước ngọt")};
     const QStringList makers = {
         QStringLiteral("Hảo Hạng"), QStringLiteral("Sài Gòn"), QStringLiteral("Hà Nội"),
-        QStringLiteral("Đà Lạt"), QStringLiteral("Miền Tây"), QStringLiteral("Phú Quốc")};
+        QStringLiteral("Da Lat"), QStringLiteral("Mien Tay"), QStringLiteral("Phu Quoc")};
     const QStringList units = {QStringLiteral("gói"), QStringLiteral("hộp"), QStringLiteral("chai"),
                                QStringLiteral("thùng"), QStringLiteral("kg")};
     QSqlQuery insert(db);
-    insert.prepare(QStringLiteral("INSERT INTO Hang VALUES (?, ?, ?, ?, ?)"));
-    int n = 0;
-    for (const QString &kind : kinds) {
-        for (const QString &maker : makers) {
-            for (int grade = 1; grade <= 50; ++grade, ++n) {
-                insert.addBindValue(QStringLiteral("H%1").arg(n + 1, 5, 10, QLatin1Char('0')));
-                insert.addBindValue(QStringLiteral("%1 %2 loại %3").arg(kind, maker).arg(grade));
-                insert.addBindValue(units.at(n % units.size()));
-                insert.addBindValue(double(5000 + (n * 7919) % 495000));
-                insert.addBindValue(QStringLiteral("2026-%1-%2").arg(1 + n % 12, 2, 10, QLatin1Char('0'))
-                                        .arg(1 + n % 28, 2, 10, QLatin1Char('0')));
-                if (!insert.exec()) {
-                    error = insert.lastError().text();
-                    return false;
-                }
-            }
+    insert.prepare(QStringLiteral("INSERT INTO Hang VALUES (?, ?, ?, ?, ?, ?)"));
+    for (int n = 0; n < rows; ++n) {
+        const int grade = 1 + n / int(kinds.size() * makers.size());
+        insert.addBindValue(QStringLiteral("H%1").arg(n + 1, 7, 10, QLatin1Char('0')));
+        insert.addBindValue(QStringLiteral("%1 %2 loại %3").arg(kinds.at(n / makers.size() % kinds.size()),
+                                                               makers.at(n % makers.size())).arg(grade));
+        insert.addBindValue(units.at(n % units.size()));
+        insert.addBindValue(double(5000 + (n * 7919) % 495000));
+        insert.addBindValue(QStringLiteral("2026-%1-%2").arg(1 + n % 12, 2, 10, QLatin1Char('0'))
+                                .arg(1 + n % 28, 2, 10, QLatin1Char('0')));
+        insert.addBindValue(QStringLiteral("NCC0%1").arg(1 + n % 6));
+        if (!insert.exec()) {
+            error = insert.lastError().text();
+            return false;
         }
     }
     return true;
 }
 
-bool createTablesAndSamples(QSqlDatabase &db, QString &error)
+bool createTablesAndSamples(QSqlDatabase &db, int goods, QString &error)
 {
     QFile schema(QStringLiteral(":/zolt-demo/zolt-sqlite.sql"));
     if (!schema.open(QIODevice::ReadOnly)) {
@@ -145,14 +151,14 @@ bool createTablesAndSamples(QSqlDatabase &db, QString &error)
             return db.rollback(), false;
         }
     }
-    if (!addGoods(db, error))
+    if (!addGoods(db, goods, error))
         return db.rollback(), false;
     return db.commit();
 }
 
 } // namespace
 
-QSqlDatabase openDemoDatabase(const QString &path, QString &error)
+QSqlDatabase openDemoDatabase(const QString &path, int goods, QString &error)
 {
     const bool isNew = !QFileInfo::exists(path);
     QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"));
@@ -161,7 +167,7 @@ QSqlDatabase openDemoDatabase(const QString &path, QString &error)
         error = db.lastError().text();
         return db;
     }
-    if (isNew && !createTablesAndSamples(db, error)) {
+    if (isNew && !createTablesAndSamples(db, goods, error)) {
         db.close();
         QFile::remove(path);   // no half-made database is left for the next start
     }

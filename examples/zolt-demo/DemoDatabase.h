@@ -5,6 +5,6 @@
 #include <QString>
 
 // Opens the demo's SQLite database at path, creating it with the library's
-// tables and the sample sales data when it is new. On failure the returned
-// database is not open and error says why.
-QSqlDatabase openDemoDatabase(const QString &path, QString &error);
+// tables and the sample sales data (that many goods) when it is new. On
+// failure the returned database is not open and error says why.
+QSqlDatabase openDemoDatabase(const QString &path, int goods, QString &error);

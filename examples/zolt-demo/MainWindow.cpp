@@ -11,6 +11,7 @@
 #include <QHeaderView>
 #include <QMenuBar>
 #include <QSqlQuery>
+#include <QSqlError>
 #include <QSqlQueryModel>
 #include <QSqlRecord>
 #include <QStatusBar>
@@ -64,17 +65,16 @@ MainWindow::MainWindow(const QSqlDatabase &db, qint32 userCode, zolt::clsLogon &
     setObjectName(QStringLiteral("MainWindow"));
     setWindowTitle(QStringLiteral("Danh mục hàng hoá"));   // Qt appends the application's name
 
-    auto *goods = new QSqlQueryModel(this);
-    goods->setQuery(QStringLiteral("SELECT MaHang, TenHang, DonVi, GiaBan, NgayNhap FROM Hang ORDER BY MaHang"), db);
-    while (goods->canFetchMore())
-        goods->fetchMore();
+    m_user = scalar(db, QStringLiteral("SELECT [Name] FROM [User] WHERE Code = ?"), userCode).toString();
+    m_goods = new QSqlQueryModel(this);
+    showGoods(QString());
     const QStringList headers = {QStringLiteral("Mã hàng"), QStringLiteral("Tên hàng"),
                                  QStringLiteral("Đơn vị"), QStringLiteral("Giá bán"),
                                  QStringLiteral("Ngày nhập")};
     for (int column = 0; column < headers.size(); ++column)
-        goods->setHeaderData(column, Qt::Horizontal, headers.at(column));
+        m_goods->setHeaderData(column, Qt::Horizontal, headers.at(column));
     auto *table = new QTableView(this);
-    table->setModel(goods);
+    table->setModel(m_goods);
     table->setItemDelegateForColumn(3, new PriceDelegate(table));
     table->setItemDelegateForColumn(4, new DateDelegate(table));
     table->verticalHeader()->hide();
@@ -85,13 +85,44 @@ MainWindow::MainWindow(const QSqlDatabase &db, qint32 userCode, zolt::clsLogon &
     table->setColumnWidth(3, 110);
     setCentralWidget(table);
 
-    const QString user = scalar(db, QStringLiteral("SELECT [Name] FROM [User] WHERE Code = ?"), userCode).toString();
     const qint32 group = scalar(db, QStringLiteral("SELECT IdGroup FROM [User] WHERE Code = ?"), userCode).toInt();
-    m_user = user;
     addRightsMenus(group);
-    statusBar()->showMessage(QStringLiteral("Người sử dụng: %1   —   %2 mặt hàng")
-                                 .arg(user, zolt::Tesmir().CvNStr(QString::number(goods->rowCount()))));
+    addSearchMenu();
     resize(820, 520);
+}
+
+// The goods that meet the condition (all of them for ""), and their count.
+void MainWindow::showGoods(const QString &condition)
+{
+    const QString where = condition.isEmpty() ? QString() : QStringLiteral(" WHERE ") + condition;
+    QSqlQuery count(m_db);
+    if (!count.exec(QStringLiteral("SELECT COUNT(*) FROM Hang") + where) || !count.next()) {
+        m_logon.MgBox(QStringLiteral("Không lọc được danh mục: ") + count.lastError().text(), zolt::vbOKOnly,
+                      QStringLiteral("Bán hàng ZOLT"), zolt::vbExclamation);
+        return;
+    }
+    m_goods->setQuery(QStringLiteral("SELECT MaHang, TenHang, DonVi, GiaBan, NgayNhap FROM Hang") + where
+                          + QStringLiteral(" ORDER BY MaHang"),
+                      m_db);
+    QString status = QStringLiteral("Người sử dụng: %1   —   %2 mặt hàng")
+                         .arg(m_user, zolt::Tesmir().CvNStr(count.value(0).toString()));
+    if (!condition.isEmpty())
+        status += QStringLiteral("   —   lọc theo ") + condition;
+    statusBar()->showMessage(status);
+}
+
+// The search wizard on the goods, open to every user.
+void MainWindow::addSearchMenu()
+{
+    QMenu *search = menuBar()->addMenu(QStringLiteral("&Tìm kiếm"));
+    QAction *find = search->addAction(QStringLiteral("&Tìm hàng hoá..."), this, [this] {
+        const QString condition = zolt::Tesmir().FindShow(m_db, QStringLiteral("Hang"));
+        if (!condition.isEmpty())
+            showGoods(condition);
+    });
+    find->setObjectName(QStringLiteral("actionFind"));
+    find->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F));
+    search->addAction(QStringLiteral("&Bỏ lọc"), this, [this] { showGoods(QString()); });
 }
 
 // One menu per row of Menu; a sub-menu is enabled when its bit is set in the

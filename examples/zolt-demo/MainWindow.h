@@ -6,6 +6,7 @@
 
 class QAction;
 class QMenu;
+class QSqlQueryModel;
 
 namespace zolt {
 class clsLogon;
@@ -26,6 +27,8 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
+    void showGoods(const QString &condition);
+    void addSearchMenu();
     void addRightsMenus(qint32 group);
     void connectSubMenu(QAction *action, int id);
     void addSystemItems(QMenu *system);
@@ -34,6 +37,7 @@ private:
     QSqlDatabase m_db;
     zolt::clsLogon &m_logon;
     QString m_user;
+    QSqlQueryModel *m_goods;
     bool m_quitConfirmed = false;
     bool m_logonAgain = false;
 };

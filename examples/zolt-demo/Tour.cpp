@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMouseEvent>
 #include <QPushButton>
 
 #include <cstdio>
@@ -37,8 +38,29 @@ Tour::Tour(const QString &folder)
         {QStringLiteral("MessageBox"), QStringLiteral("02-logon-refused"), click("Cmd1")},
         {QStringLiteral("FrmLogon"), QString(), logOn(QStringLiteral("admin"), QStringLiteral("admin"))},
         {QStringLiteral("FrmLogon"), QStringLiteral("03-logon-accepted"), click("CmdOk")},
-        {QStringLiteral("MainWindow"), QStringLiteral("04-main-window"), trigger("actionUsers")},
-        {QStringLiteral("FrmMenu"), QStringLiteral("05-user-list"), click("CmdAdd")},
+        {QStringLiteral("MainWindow"), QStringLiteral("04-main-window"), trigger("actionFind")},
+        {QStringLiteral("FrmFind"), QString(), [](QWidget *find) {
+             choose(find, "CmbFld(0)", 1);        // Tên hàng
+             choose(find, "CmbPredicate(0)", 0);  // bắt đầu bằng
+             typeInto(find, "MskValue(0)", QStringLiteral("Bánh"));
+             choose(find, "CmbFld(1)", 3);        // Giá bán
+             choose(find, "CmbPredicate(1)", 0);  // lớn hơn
+             typeInto(find, "MskValue(1)", QStringLiteral("100000"));
+             choose(find, "cmbLg(2)", 1);         // hoặc
+             choose(find, "CmbFld(2)", 5);        // Nhà cung cấp
+             choose(find, "CmbPredicate(2)", 0);  // bằng
+             QWidget *value = find->findChild<QWidget *>(QStringLiteral("MskValue(2)"));
+             value->setFocus();
+             QApplication::postEvent(value, new QKeyEvent(QEvent::KeyPress, Qt::Key_F2, Qt::NoModifier));
+         }},
+        {QStringLiteral("FmSelHang"), QString(), [](QWidget *pick) { typeInto(pick, "TxtSelH", QStringLiteral("nguyen")); }},
+        {QStringLiteral("FmSelHang"), QStringLiteral("05-pick-list-nguyen"), [](QWidget *pick) {
+             clickCurrentRow(pick, "lv1IP");
+             clickLater(pick, "CmdSel");
+         }},
+        {QStringLiteral("FrmFind"), QStringLiteral("06-search-three-rows"), click("CmdOK")},
+        {QStringLiteral("MainWindow"), QStringLiteral("07-goods-filtered"), trigger("actionUsers")},
+        {QStringLiteral("FrmMenu"), QStringLiteral("08-user-list"), click("CmdAdd")},
         {QStringLiteral("FrmInput"), QString(), [](QWidget *editor) {
              typeInto(editor, "Txtuser", QStringLiteral("thungan"));
              typeInto(editor, "TxtPass", QStringLiteral("123"));
@@ -46,27 +68,27 @@ Tour::Tour(const QString &folder)
              typeInto(editor, "TxtDes", QStringLiteral("Thu ngân quầy 1"));
              editor->findChild<QComboBox *>(QStringLiteral("TxtIdGroup"))->setCurrentIndex(1);
          }},
-        {QStringLiteral("FrmInput"), QStringLiteral("06-user-adding"), click("CMDOK")},
-        {QStringLiteral("FrmMenu"), QStringLiteral("07-user-added"), click("CmdExit")},
+        {QStringLiteral("FrmInput"), QStringLiteral("09-user-adding"), click("CMDOK")},
+        {QStringLiteral("FrmMenu"), QStringLiteral("10-user-added"), click("CmdExit")},
         {QStringLiteral("MainWindow"), QString(), trigger("actionGroups")},
         {QStringLiteral("FmGrp"), QString(), click("CmdAdd")},
-        {QStringLiteral("FmGrp"), QStringLiteral("08-groups-adding"), click("CmdAdd")},
-        {QStringLiteral("FmGrp"), QStringLiteral("09-groups"), [](QWidget *groups) {
+        {QStringLiteral("FmGrp"), QStringLiteral("11-groups-adding"), click("CmdAdd")},
+        {QStringLiteral("FmGrp"), QStringLiteral("12-groups"), [](QWidget *groups) {
              groups->findChild<QListWidget *>(QStringLiteral("Lv1"))->setCurrentRow(1);
              clickLater(groups, "CmdPms");
          }},
         {QStringLiteral("FrPms"), QString(), [](QWidget *rights) {
              rights->findChild<QListWidget *>(QStringLiteral("LstMenuBar"))->setCurrentRow(1);
          }},
-        {QStringLiteral("FrPms"), QStringLiteral("10-menu-rights"), click("CmdOk")},
+        {QStringLiteral("FrPms"), QStringLiteral("13-menu-rights"), click("CmdOk")},
         {QStringLiteral("FmGrp"), QString(), click("CmdExit")},
         {QStringLiteral("MainWindow"), QString(), trigger("actionPassword")},
-        {QStringLiteral("FrmInput"), QStringLiteral("11-own-password"), click("CMDCAN")},
+        {QStringLiteral("FrmInput"), QStringLiteral("14-own-password"), click("CMDCAN")},
         {QStringLiteral("MainWindow"), QString(), trigger("actionLogonAgain")},
         {QStringLiteral("FrmLogon"), QString(), logOn(QStringLiteral("thungan"), QStringLiteral("123"))},
         {QStringLiteral("FrmLogon"), QString(), click("CmdOk")},
-        {QStringLiteral("MainWindow"), QStringLiteral("12-main-window-clerk"), trigger("actionQuit")},
-        {QStringLiteral("MessageBox"), QStringLiteral("13-message-box"), click("Cmd1")},
+        {QStringLiteral("MainWindow"), QStringLiteral("15-main-window-clerk"), trigger("actionQuit")},
+        {QStringLiteral("MessageBox"), QStringLiteral("16-message-box"), click("Cmd1")},
     };
     connect(&m_timer, &QTimer::timeout, this, &Tour::poll);
 }
@@ -127,6 +149,24 @@ void Tour::typeInto(QWidget *window, const char *field, const QString &text)
         QKeyEvent release(QEvent::KeyRelease, Qt::Key_unknown, Qt::NoModifier, QString(c));
         QApplication::sendEvent(edit, &press);
         QApplication::sendEvent(edit, &release);
+    }
+}
+
+// Chooses an entry of one of the library's data combos, as the mouse would.
+void Tour::choose(QWidget *window, const char *combo, int index)
+{
+    window->findChild<QWidget *>(QLatin1String(combo))->findChild<QComboBox *>(QStringLiteral("Cmb1"))->setCurrentIndex(index);
+}
+
+// Clicks the list's current row with the mouse.
+void Tour::clickCurrentRow(QWidget *window, const char *list)
+{
+    auto *view = window->findChild<QAbstractItemView *>(QLatin1String(list));
+    const QPointF at = view->visualRect(view->currentIndex()).center();
+    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+        QMouseEvent event(type, at, view->viewport()->mapToGlobal(at), Qt::LeftButton,
+                          type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(view->viewport(), &event);
     }
 }
 

@@ -32,6 +32,8 @@ private:
     static void typeInto(QWidget *window, const char *field, const QString &text);
     static void clickLater(QWidget *window, const char *button);
     static void triggerLater(QWidget *window, const char *action);
+    static void choose(QWidget *window, const char *combo, int index);
+    static void clickCurrentRow(QWidget *window, const char *list);
 
     QDir m_folder;
     QList<Step> m_steps;

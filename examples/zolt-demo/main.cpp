@@ -33,8 +33,12 @@ int main(int argc, char **argv)
     const QCommandLineOption tour(QStringLiteral("tour"),
                                   QStringLiteral("Walk through the application by script and save a picture of each step in folder."),
                                   QStringLiteral("folder"));
+    const QCommandLineOption rows(QStringLiteral("rows"),
+                                  QStringLiteral("How many goods a new database gets (3000 by default)."),
+                                  QStringLiteral("n"), QStringLiteral("3000"));
     options.addOption(database);
     options.addOption(tour);
+    options.addOption(rows);
     options.process(app);
 
     QString path = options.value(database);
@@ -43,7 +47,13 @@ int main(int argc, char **argv)
                    .filePath(QStringLiteral("zolt-demo.db"));
     QDir().mkpath(QFileInfo(path).absolutePath());
     QString error;
-    QSqlDatabase db = openDemoDatabase(path, error);
+    bool rowsRead = false;
+    const int goods = options.value(rows).toInt(&rowsRead);
+    if (!rowsRead || goods < 0) {
+        std::fprintf(stderr, "--rows wants a whole number of goods\n");
+        return 2;
+    }
+    QSqlDatabase db = openDemoDatabase(path, goods, error);
     if (!db.isOpen()) {
         QMessageBox::critical(nullptr, QString(), QStringLiteral("Không mở được dữ liệu %1:\n%2").arg(path, error));
         return 1;
