@@ -216,6 +216,13 @@ void DataCombo1::AddItem(const QString &item, std::optional<int> index)
     m_newIndex = at;
 }
 
+void DataCombo1::AppendItems(const QStringList &texts, const QStringList &data)
+{
+    AppendKeepingSelection(m_cmb1, texts);
+    AppendKeepingSelection(m_cmb2, data);
+    m_newIndex = ListCount() - 1;
+}
+
 void DataCombo1::RemoveItem(int index)
 {
     if (index < 0)

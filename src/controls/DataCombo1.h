@@ -53,6 +53,7 @@ public:
     int ListCount() const override;
 
     void AddItem(const QString &item, std::optional<int> index = std::nullopt) override;
+    void AppendItems(const QStringList &texts, const QStringList &data) override;
     // Removes the item and its data; a negative index does nothing.
     void RemoveItem(int index);
     void Clear() override;

@@ -85,6 +85,12 @@ FmSelHang::~FmSelHang() = default;
 
 int FmSelHang::exec()
 {
+    Load();
+    return QDialog::exec();
+}
+
+void FmSelHang::Load()
+{
     ApplyFormSettings(this);
     m_accentBlind = ReadOption(QStringLiteral("Config"), QStringLiteral("AccentBlindSearch"), QString()) != u'0';
     ReadInfo(ListSql);
@@ -96,7 +102,6 @@ int FmSelHang::exec()
         selectRow(0);
         SelectedValue = m_binder->Value();   // the row selected on load counts as clicked
     }
-    return QDialog::exec();
 }
 
 // Leaving by any way but Chọn gives no choice.

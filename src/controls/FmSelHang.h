@@ -33,7 +33,8 @@ public:
     QString SelectedValue;
     bool Chosen = false;
 
-    // Loads the list, then shows the dialog modally.
+    // Loads the list and starts afresh; exec() loads first.
+    void Load();
     int exec() override;
     void done(int result) override;
 

@@ -31,6 +31,14 @@ void InsertKeepingSelection(QComboBox *combo, int at, const QString &text)
     combo->setCurrentIndex(selected >= at ? selected + 1 : selected);
 }
 
+void AppendKeepingSelection(QComboBox *combo, const QStringList &texts)
+{
+    const int selected = combo->currentIndex();
+    const QSignalBlocker block(combo);
+    combo->addItems(texts);
+    combo->setCurrentIndex(selected);
+}
+
 void RemoveKeepingSelection(QComboBox *combo, int index)
 {
     CheckItemIndex(index, combo->count());

@@ -42,6 +42,7 @@ void CheckItemIndex(int index, int count);
 // has none once that item is gone. These change a combo's items the way a
 // list does, without a selection signal. A bad index raises error 381.
 void InsertKeepingSelection(QComboBox *combo, int at, const QString &text);
+void AppendKeepingSelection(QComboBox *combo, const QStringList &texts);
 void RemoveKeepingSelection(QComboBox *combo, int index);
 
 } // namespace zolt

@@ -102,14 +102,18 @@ void clsListBox::SetItemData(int index, const QString &data)
 void clsListBox::AppendItems(const QStringList &texts, const QStringList &data)
 {
     auto *strings = m_view ? qobject_cast<QStringListModel *>(model()) : nullptr;
-    if (!strings || texts.isEmpty())
+    if (m_combo) {
+        AppendKeepingSelection(m_combo, texts);
+    } else if (strings) {
+        const int selected = ListIndex();
+        strings->setStringList(strings->rowCount() == 0 ? texts : strings->stringList() + texts);
+        if (selected >= 0)
+            SetListIndex(selected);
+    } else {
         return ItemDataList::AppendItems(texts, data);
-    const int selected = ListIndex();
-    strings->setStringList(strings->stringList() + texts);
+    }
     m_itemData += data;
     m_newIndex = ListCount() - 1;
-    if (selected >= 0)
-        SetListIndex(selected);
 }
 
 QString clsListBox::Value() const

@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: MIT
+// The search wizard on large catalogues, each beside the plainest way to do
+// the same work: the pick list opening and narrowing on a million goods, and
+// the search dialog opening on a catalogue of 200 fields.
+#include "BenchMain.h"
+
+#include "controls/DataCombo1.h"
+#include "controls/FmSelHang.h"
+#include "data/Database.h"
+#include "search/FrmFind.h"
+
+#include <QDialog>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QSqlQuery>
+#include <QTemporaryDir>
+#include <QVariant>
+
+#include <benchmark/benchmark.h>
+
+using namespace zolt;
+
+namespace {
+
+const QString GoodsSql = QStringLiteral("Select Ma, Ten From Hang");
+
+// Goods of the given count, with and without accents, and a catalogue of 200
+// fields for table Hang, in one SQLite file per count.
+QSqlDatabase catalogue(int goods)
+{
+    static QTemporaryDir dir;
+    const QString name = QStringLiteral("search%1").arg(goods);
+    if (QSqlDatabase::contains(name))
+        return QSqlDatabase::database(name);
+    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+    db.setDatabaseName(dir.filePath(name));
+    db.open();
+    QSqlQuery query(db);
+    query.exec(QStringLiteral("Create Table Hang(Ma Text, Ten Text)"));
+    query.exec(QStringLiteral("Create Table LstFld(code Integer, [Name] Text, [Desc] Text, InTable Text, Relation Text, [Type] Integer)"));
+    query.exec(QStringLiteral("Create Table Operator(Code Integer, [Name] Text, Des Text, [Type] Integer)"));
+    query.exec(QStringLiteral("Insert Into Operator Values(1, 'LIKE', 'Bắt đầu bằng', 10), (2, '=', 'Bằng', 10)"));
+    db.transaction();
+    const QStringList names = {QStringLiteral("Nguyễn Văn"), QStringLiteral("Tran Thi"), QStringLiteral("Đường cát"),
+                               QStringLiteral("Banh quy"), QStringLiteral("Cà phê")};
+    query.prepare(QStringLiteral("Insert Into Hang Values(?, ?)"));
+    for (int i = 0; i < goods; ++i) {
+        query.addBindValue(QStringLiteral("MH%1").arg(i, 7, 10, QLatin1Char('0')));
+        query.addBindValue(names.at(i % names.size()) + QStringLiteral(" số %1").arg(i));
+        query.exec();
+    }
+    query.prepare(QStringLiteral("Insert Into LstFld Values(?, ?, ?, 'Hang', Null, 10)"));
+    for (int i = 0; i < 200; ++i) {
+        query.addBindValue(i);
+        query.addBindValue(QStringLiteral("Truong%1").arg(i));
+        query.addBindValue(QStringLiteral("Trường số %1").arg(i));
+        query.exec();
+    }
+    db.commit();
+    return db;
+}
+
+void BM_PickListOpen(benchmark::State &state)
+{
+    SetCurrentConnection(catalogue(int(state.range(0))));
+    for (auto _ : state) {
+        FmSelHang pick;
+        pick.ListSql = GoodsSql;
+        pick.Load();
+        benchmark::DoNotOptimize(&pick);
+    }
+}
+
+void BM_QueryStep(benchmark::State &state)
+{
+    const QSqlDatabase db = catalogue(int(state.range(0)));
+    for (auto _ : state) {
+        QSqlQuery query(db);
+        query.exec(GoodsSql);
+        QStringList codes, names;
+        while (query.next()) {
+            codes.append(query.value(0).toString());
+            names.append(query.value(1).toString());
+        }
+        benchmark::DoNotOptimize(names.size() + codes.size());
+    }
+}
+
+// A text that no name begins with: every row is looked at.
+const QString Typed = QStringLiteral("nguyen van x");
+
+void BM_Narrow(benchmark::State &state)
+{
+    SetCurrentConnection(catalogue(1000000));
+    FmSelHang pick;
+    pick.ListSql = GoodsSql;
+    pick.Load();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(pick.FindString(Typed));
+}
+
+void BM_UpperPrefixLoop(benchmark::State &state)
+{
+    QStringList names;
+    QSqlQuery query(catalogue(1000000));
+    query.exec(GoodsSql);
+    while (query.next())
+        names.append(query.value(1).toString());
+    const QString typed = Typed.toUpper();
+    for (auto _ : state) {
+        qsizetype found = -1;
+        for (qsizetype i = 0; i < names.size() && found < 0; ++i) {
+            if (names[i].left(typed.size()).toUpper() == typed)
+                found = i;
+        }
+        benchmark::DoNotOptimize(found);
+    }
+}
+
+void BM_SearchDialogOpen(benchmark::State &state)
+{
+    SetCurrentConnection(catalogue(1));
+    for (auto _ : state) {
+        FrmFind find;
+        find.TableName = QStringLiteral("Hang");
+        find.Load();
+        benchmark::DoNotOptimize(&find);
+    }
+}
+
+// The same controls in a bare dialog without layout or settings, filled
+// from the same queries by hand.
+void BM_BareDialog(benchmark::State &state)
+{
+    const QSqlDatabase db = catalogue(1);
+    for (auto _ : state) {
+        QDialog dialog;
+        QList<DataCombo1 *> fields, operators;
+        for (int i = 0; i < FrmFind::Rows; ++i) {
+            fields << new DataCombo1(&dialog);
+            operators << new DataCombo1(&dialog);
+            new QLineEdit(&dialog);
+            if (i > 0)
+                (new DataCombo1(&dialog))->AppendItems({QStringLiteral("và"), QStringLiteral("hoặc")}, {QStringLiteral("and"), QStringLiteral("or")});
+        }
+        new QPlainTextEdit(&dialog);
+        QSqlQuery query(db);
+        QStringList texts, data;
+        query.exec(QStringLiteral("Select [Name],[Desc] From LstFld Where [InTable]='Hang' Order By [code]"));
+        while (query.next()) {
+            data << query.value(0).toString();
+            texts << query.value(1).toString();
+        }
+        for (DataCombo1 *field : fields)
+            field->AppendItems(texts, data);
+        texts.clear();
+        data.clear();
+        query.exec(QStringLiteral("Select [Name],[Des] from [Operator] Where [Type]=10  Order By [Code]"));
+        while (query.next()) {
+            data << query.value(0).toString();
+            texts << query.value(1).toString();
+        }
+        operators[0]->AppendItems(texts, data);
+        benchmark::DoNotOptimize(&dialog);
+    }
+}
+
+// Several runs even at a million rows: the first pays for fresh memory.
+BENCHMARK(BM_PickListOpen)->Arg(100000)->Arg(1000000)->MinTime(3)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_QueryStep)->Arg(100000)->Arg(1000000)->MinTime(3)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Narrow)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_UpperPrefixLoop)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_SearchDialogOpen)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_BareDialog)->Unit(benchmark::kMillisecond);
+
+const bench::Ratio ratios[] = {
+    {"pick_list_open_100k", "BM_PickListOpen/100000/min_time:3.000", "BM_QueryStep/100000/min_time:3.000"},
+    {"pick_list_open_1m", "BM_PickListOpen/1000000/min_time:3.000", "BM_QueryStep/1000000/min_time:3.000"},
+    {"narrow_1m", "BM_Narrow", "BM_UpperPrefixLoop"},
+    {"search_dialog_open_200", "BM_SearchDialogOpen", "BM_BareDialog"},
+};
+
+} // namespace
