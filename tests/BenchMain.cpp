@@ -2,6 +2,7 @@
 #include "BenchMain.h"
 
 #include <QApplication>
+#include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
 
@@ -40,6 +41,21 @@ public:
 };
 
 } // namespace
+
+QSqlDatabase Database(const QString &name, const std::function<void(QSqlQuery &)> &fill)
+{
+    static QTemporaryDir dir;
+    if (QSqlDatabase::contains(name))
+        return QSqlDatabase::database(name);
+    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
+    db.setDatabaseName(dir.filePath(name));
+    db.open();
+    QSqlQuery query(db);
+    db.transaction();
+    fill(query);
+    db.commit();
+    return db;
+}
 
 Ratio::Ratio(const char *name, const char *measured, const char *baseline)
 {

@@ -9,7 +9,6 @@
 
 #include <QListView>
 #include <QSqlQuery>
-#include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
 
@@ -23,24 +22,15 @@ QString code(int i) { return QStringLiteral("MH%1").arg(i, 7, 10, QLatin1Char('0
 // A catalogue of rows goods in an SQLite file, made once per size.
 QSqlDatabase catalogue(int rows)
 {
-    static QTemporaryDir dir;
-    const QString name = QStringLiteral("goods%1").arg(rows);
-    if (QSqlDatabase::contains(name))
-        return QSqlDatabase::database(name);
-    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
-    db.setDatabaseName(dir.filePath(name));
-    db.open();
-    QSqlQuery query(db);
-    query.exec(QStringLiteral("Create Table Hang(Ma Text, Ten Text)"));
-    db.transaction();
-    query.prepare(QStringLiteral("Insert Into Hang Values(?, ?)"));
-    for (int i = 0; i < rows; ++i) {
-        query.addBindValue(code(i));
-        query.addBindValue(text(i));
-        query.exec();
-    }
-    db.commit();
-    return db;
+    return bench::Database(QStringLiteral("goods%1").arg(rows), [rows](QSqlQuery &query) {
+        query.exec(QStringLiteral("Create Table Hang(Ma Text, Ten Text)"));
+        query.prepare(QStringLiteral("Insert Into Hang Values(?, ?)"));
+        for (int i = 0; i < rows; ++i) {
+            query.addBindValue(code(i));
+            query.addBindValue(text(i));
+            query.exec();
+        }
+    });
 }
 
 void BM_AddItem(benchmark::State &state)

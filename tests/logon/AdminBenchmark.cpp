@@ -8,7 +8,6 @@
 #include "logon/FrmMenu.h"
 
 #include <QSqlQuery>
-#include <QTemporaryDir>
 #include <QVariant>
 
 #include <benchmark/benchmark.h>
@@ -20,34 +19,25 @@ namespace {
 // One SQLite file with users and groups of the given counts.
 QSqlDatabase staff(int users, int groups)
 {
-    static QTemporaryDir dir;
-    const QString name = QStringLiteral("staff%1-%2").arg(users).arg(groups);
-    if (QSqlDatabase::contains(name))
-        return QSqlDatabase::database(name);
-    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
-    db.setDatabaseName(dir.filePath(name));
-    db.open();
-    QSqlQuery query(db);
-    query.exec(QStringLiteral("Create Table [User](Code Integer Primary Key, [Name] Text, Dec Text, [Password] Double, IdGroup Integer)"));
-    query.exec(QStringLiteral("Create Table Groups(Code Integer Primary Key, [Name] Text, Des Text)"));
-    db.transaction();
-    query.prepare(QStringLiteral("Insert Into [User] Values(?, ?, ?, 1065, ?)"));
-    for (int i = 1; i <= users; ++i) {
-        query.addBindValue(i);
-        query.addBindValue(QStringLiteral("nhanvien%1").arg(i));
-        query.addBindValue(QStringLiteral("Nhân viên quầy số %1").arg(i));
-        query.addBindValue(1 + i % groups);
-        query.exec();
-    }
-    query.prepare(QStringLiteral("Insert Into Groups Values(?, ?, ?)"));
-    for (int i = 1; i <= groups; ++i) {
-        query.addBindValue(i);
-        query.addBindValue(QStringLiteral("Nhóm %1").arg(i));
-        query.addBindValue(QStringLiteral("Bộ phận bán hàng %1").arg(i));
-        query.exec();
-    }
-    db.commit();
-    return db;
+    return bench::Database(QStringLiteral("staff%1-%2").arg(users).arg(groups), [=](QSqlQuery &query) {
+        query.exec(QStringLiteral("Create Table [User](Code Integer Primary Key, [Name] Text, Dec Text, [Password] Double, IdGroup Integer)"));
+        query.exec(QStringLiteral("Create Table Groups(Code Integer Primary Key, [Name] Text, Des Text)"));
+        query.prepare(QStringLiteral("Insert Into [User] Values(?, ?, ?, 1065, ?)"));
+        for (int i = 1; i <= users; ++i) {
+            query.addBindValue(i);
+            query.addBindValue(QStringLiteral("nhanvien%1").arg(i));
+            query.addBindValue(QStringLiteral("Nhân viên quầy số %1").arg(i));
+            query.addBindValue(1 + i % groups);
+            query.exec();
+        }
+        query.prepare(QStringLiteral("Insert Into Groups Values(?, ?, ?)"));
+        for (int i = 1; i <= groups; ++i) {
+            query.addBindValue(i);
+            query.addBindValue(QStringLiteral("Nhóm %1").arg(i));
+            query.addBindValue(QStringLiteral("Bộ phận bán hàng %1").arg(i));
+            query.exec();
+        }
+    });
 }
 
 // The query stepped to its end, each column read as text.

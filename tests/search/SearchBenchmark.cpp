@@ -13,7 +13,6 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSqlQuery>
-#include <QTemporaryDir>
 #include <QVariant>
 
 #include <benchmark/benchmark.h>
@@ -28,36 +27,27 @@ const QString GoodsSql = QStringLiteral("Select Ma, Ten From Hang");
 // fields for table Hang, in one SQLite file per count.
 QSqlDatabase catalogue(int goods)
 {
-    static QTemporaryDir dir;
-    const QString name = QStringLiteral("search%1").arg(goods);
-    if (QSqlDatabase::contains(name))
-        return QSqlDatabase::database(name);
-    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), name);
-    db.setDatabaseName(dir.filePath(name));
-    db.open();
-    QSqlQuery query(db);
-    query.exec(QStringLiteral("Create Table Hang(Ma Text, Ten Text)"));
-    query.exec(QStringLiteral("Create Table LstFld(code Integer, [Name] Text, [Desc] Text, InTable Text, Relation Text, [Type] Integer)"));
-    query.exec(QStringLiteral("Create Table Operator(Code Integer, [Name] Text, Des Text, [Type] Integer)"));
-    query.exec(QStringLiteral("Insert Into Operator Values(1, 'LIKE', 'Bắt đầu bằng', 10), (2, '=', 'Bằng', 10)"));
-    db.transaction();
-    const QStringList names = {QStringLiteral("Nguyễn Văn"), QStringLiteral("Tran Thi"), QStringLiteral("Đường cát"),
-                               QStringLiteral("Banh quy"), QStringLiteral("Cà phê")};
-    query.prepare(QStringLiteral("Insert Into Hang Values(?, ?)"));
-    for (int i = 0; i < goods; ++i) {
-        query.addBindValue(QStringLiteral("MH%1").arg(i, 7, 10, QLatin1Char('0')));
-        query.addBindValue(names.at(i % names.size()) + QStringLiteral(" số %1").arg(i));
-        query.exec();
-    }
-    query.prepare(QStringLiteral("Insert Into LstFld Values(?, ?, ?, 'Hang', Null, 10)"));
-    for (int i = 0; i < 200; ++i) {
-        query.addBindValue(i);
-        query.addBindValue(QStringLiteral("Truong%1").arg(i));
-        query.addBindValue(QStringLiteral("Trường số %1").arg(i));
-        query.exec();
-    }
-    db.commit();
-    return db;
+    return bench::Database(QStringLiteral("search%1").arg(goods), [goods](QSqlQuery &query) {
+        query.exec(QStringLiteral("Create Table Hang(Ma Text, Ten Text)"));
+        query.exec(QStringLiteral("Create Table LstFld(code Integer, [Name] Text, [Desc] Text, InTable Text, Relation Text, [Type] Integer)"));
+        query.exec(QStringLiteral("Create Table Operator(Code Integer, [Name] Text, Des Text, [Type] Integer)"));
+        query.exec(QStringLiteral("Insert Into Operator Values(1, 'LIKE', 'Bắt đầu bằng', 10), (2, '=', 'Bằng', 10)"));
+        const QStringList names = {QStringLiteral("Nguyễn Văn"), QStringLiteral("Tran Thi"), QStringLiteral("Đường cát"),
+                                   QStringLiteral("Banh quy"), QStringLiteral("Cà phê")};
+        query.prepare(QStringLiteral("Insert Into Hang Values(?, ?)"));
+        for (int i = 0; i < goods; ++i) {
+            query.addBindValue(QStringLiteral("MH%1").arg(i, 7, 10, QLatin1Char('0')));
+            query.addBindValue(names.at(i % names.size()) + QStringLiteral(" số %1").arg(i));
+            query.exec();
+        }
+        query.prepare(QStringLiteral("Insert Into LstFld Values(?, ?, ?, 'Hang', Null, 10)"));
+        for (int i = 0; i < 200; ++i) {
+            query.addBindValue(i);
+            query.addBindValue(QStringLiteral("Truong%1").arg(i));
+            query.addBindValue(QStringLiteral("Trường số %1").arg(i));
+            query.exec();
+        }
+    });
 }
 
 void BM_PickListOpen(benchmark::State &state)
