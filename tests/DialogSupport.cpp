@@ -42,7 +42,7 @@ QTimer *answerMessages(QStringList *shown, QList<Qt::Key> keys)
         *shown << child<QLabel>(box, "label4")->text() + u'|' + child<QLabel>(box, "Message")->text();
         const QPointer<QWidget> answered = box;
         QTest::keyClick(box->focusWidget(), keys.first());
-        QTest::qWaitFor([&] { return !answered || !answered->isVisible(); });   // a letter clicks with a delay
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !answered || !answered->isVisible(); }));   // a letter clicks with a delay
         answerMessages(shown, keys.mid(1));
     }, 5000, "MessageBox");
 }

@@ -52,6 +52,15 @@ QSqlDatabase TempDatabase::db() const
     return QSqlDatabase::database(m_name, false);
 }
 
+void TempDatabase::createLibraryTables() const
+{
+    // Every statement of the script ends its line with ";".
+    for (const QString &statement : QString::fromUtf8(readFile(QStringLiteral(ZOLT_SQLITE_SCHEMA))).split(QStringLiteral(";\n"))) {
+        if (statement.contains(QStringLiteral("CREATE")))
+            exec(statement.mid(statement.indexOf(QStringLiteral("CREATE"))));
+    }
+}
+
 void TempDatabase::exec(const QString &sql) const
 {
     QSqlQuery query(db());

@@ -30,6 +30,8 @@ public:
     QString name() const { return m_name; }
     // Every statement SQLite runs on this database from now on, as it ran it.
     const QStringList &statements() const { return *m_statements; }
+    // Creates the library's tables with the SQL script the library ships.
+    void createLibraryTables() const;
     // Runs statements that set up a test; fails the test on an error.
     void exec(const QString &sql) const;
     // The first column of the first row of a query.

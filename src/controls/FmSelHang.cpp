@@ -47,12 +47,7 @@ FmSelHang::FmSelHang(QWidget *parent)
     search->addWidget(Label1);
     search->addWidget(TxtSelH, 1);
     (new QVBoxLayout(FrDetail))->addWidget(lv1IP);
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    for (QPushButton *button : {CmdSel, CmdQuit}) {
-        button->setMinimumWidth(90);
-        buttons->addWidget(button);
-    }
+    auto *buttons = ButtonRow({CmdSel, CmdQuit});
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(12, 12, 12, 12);
     layout->setSpacing(10);

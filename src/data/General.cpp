@@ -8,7 +8,9 @@
 #include <zolt/Tesmir.h>
 
 #include <QApplication>
+#include <QHBoxLayout>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QMessageBox>
 #include <QScreen>
 
@@ -81,6 +83,17 @@ void ApplyFormSettings(QWidget *form)
             font.setPointSize(size);
         control->setFont(font);
     }
+}
+
+QHBoxLayout *ButtonRow(std::initializer_list<QPushButton *> buttons)
+{
+    auto *row = new QHBoxLayout;
+    row->addStretch();
+    for (QPushButton *button : buttons) {
+        button->setMinimumWidth(90);
+        row->addWidget(button);
+    }
+    return row;
 }
 
 void SetPasswordChar(QLineEdit *box)

@@ -7,7 +7,11 @@
 #include <QString>
 #include <QWidget>
 
+#include <initializer_list>
+
+class QHBoxLayout;
 class QLineEdit;
+class QPushButton;
 
 namespace zolt {
 
@@ -35,6 +39,10 @@ Control *Named(Control *control, const char *name)
     control->setObjectName(QLatin1String(name));
     return control;
 }
+
+// The row of a dialog's buttons: at its right end, each at least as wide as
+// the others of the library's dialogs.
+QHBoxLayout *ButtonRow(std::initializer_list<QPushButton *> buttons);
 
 // Makes the box a password box that shows "*" for each character.
 void SetPasswordChar(QLineEdit *box);

@@ -77,12 +77,7 @@ FmGrp::FmGrp(QWidget *parent)
     auto *right = new QVBoxLayout;
     right->addWidget(Frame1);
     right->addWidget(FrDetail);
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    for (QPushButton *button : {CmdAdd, CmdWrite, CmdDelete, CmdExit}) {
-        button->setMinimumWidth(90);
-        buttons->addWidget(button);
-    }
+    auto *buttons = ButtonRow({CmdAdd, CmdWrite, CmdDelete, CmdExit});
     CmdPms->setMinimumWidth(110);
     auto *layout = new QGridLayout(this);
     layout->setContentsMargins(12, 12, 12, 12);

@@ -45,12 +45,7 @@ FrPms::FrPms(qint32 groupCode, QWidget *parent)
     CmdOk = Named(new QPushButton(QStringLiteral("&Ghi"), this), "CmdOk");
     Command1 = Named(new QPushButton(QStringLiteral("&Bỏ qua"), this), "Command1");
 
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    for (QPushButton *button : {CmdOk, Command1}) {
-        button->setMinimumWidth(90);
-        buttons->addWidget(button);
-    }
+    auto *buttons = ButtonRow({CmdOk, Command1});
     auto *layout = new QGridLayout(this);
     layout->setContentsMargins(12, 12, 12, 12);
     layout->setSpacing(10);

@@ -73,12 +73,7 @@ FrmInput::FrmInput(QWidget *parent)
         fields->addWidget(rows[row].first, row, 0);
         fields->addWidget(rows[row].second, row, 1);
     }
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    for (QPushButton *button : {CMDOK, CMDCAN, Command1}) {
-        button->setMinimumWidth(90);
-        buttons->addWidget(button);
-    }
+    auto *buttons = ButtonRow({CMDOK, CMDCAN, Command1});
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(16, 16, 16, 12);
     layout->setSpacing(14);

@@ -62,12 +62,7 @@ FrmLogon::FrmLogon(QWidget *parent)
     fields->setColumnMinimumWidth(1, 180);
     fields->setHorizontalSpacing(12);
     fields->setVerticalSpacing(8);
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    for (QPushButton *button : {CmdOk, CmdCan, CmdHelp}) {
-        button->setMinimumWidth(90);
-        buttons->addWidget(button);
-    }
+    auto *buttons = ButtonRow({CmdOk, CmdCan, CmdHelp});
     auto *layout = new QGridLayout(this);
     layout->setContentsMargins(16, 16, 16, 12);
     layout->setHorizontalSpacing(16);

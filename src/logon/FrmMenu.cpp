@@ -106,12 +106,7 @@ FrmMenu::FrmMenu(QWidget *parent)
     CmdDel = Named(new QPushButton(QStringLiteral("&Xoá"), this), "CmdDel");
     CmdExit = Named(new QPushButton(QStringLiteral("T&hoát"), this), "CmdExit");
 
-    auto *buttons = new QHBoxLayout;
-    buttons->addStretch();
-    for (QPushButton *button : {CmdAdd, CmdEdit, CmdDel, CmdExit}) {
-        button->setMinimumWidth(90);
-        buttons->addWidget(button);
-    }
+    auto *buttons = ButtonRow({CmdAdd, CmdEdit, CmdDel, CmdExit});
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(12, 12, 12, 12);
     layout->setSpacing(12);

@@ -74,13 +74,9 @@ FrmFind::FrmFind(QWidget *parent)
     CmdOK = Named(new QPushButton(QStringLiteral("Đồ&ng ý"), FrCmd), "CmdOK");
     CmdCancel = Named(new QPushButton(QStringLiteral("Th&oát"), FrCmd), "CmdCancel");
     CmdHelp = Named(new QPushButton(QStringLiteral("&Hướng dẫn"), FrCmd), "CmdHelp");
-    auto *buttons = new QHBoxLayout(FrCmd);
+    auto *buttons = ButtonRow({CmdOK, CmdCancel, CmdHelp});
     buttons->setContentsMargins(0, 0, 0, 0);
-    buttons->addStretch();
-    for (QPushButton *button : {CmdOK, CmdCancel, CmdHelp}) {
-        button->setMinimumWidth(90);
-        buttons->addWidget(button);
-    }
+    FrCmd->setLayout(buttons);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(12, 12, 12, 12);
     layout->setSpacing(12);

@@ -18,7 +18,7 @@ class FmSelHangTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        db.exec(u"Create Table Options([Section] Text, KeyName Text, KeyValue Text, Description Text)"_s);
+        db.createLibraryTables();
         db.exec(u"Create Table Hang(Ma Text, Ten Text)"_s);
         db.exec(u"Insert Into Hang Values('A1', 'Abc'), ('A2', 'aBd'), ('N1', 'Nguyễn Văn An'), ('D1', 'Đường cát'),"
                 " ('N2', 'Nguyên liệu')"_s);

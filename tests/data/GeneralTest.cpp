@@ -22,7 +22,7 @@ class GeneralTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        db.exec(u"Create Table Options([Section] Text, KeyName Text, KeyValue Text, Description Text)"_s);
+        db.createLibraryTables();
         (new QVBoxLayout(&form))->addWidget(edit);   // the layout, not the code, gives the form its size
         form.layout()->setSizeConstraint(QLayout::SetFixedSize);
     }

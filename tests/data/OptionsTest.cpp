@@ -12,7 +12,7 @@ namespace {
 
 class OptionsTest : public ::testing::Test {
 protected:
-    void SetUp() override { db.exec(u"Create Table Options([Section] Text, KeyName Text, KeyValue Text, Description Text)"_s); }
+    void SetUp() override { db.createLibraryTables(); }
     QString read(const QString &key) const { return ReadOption(u"Kho"_s, key, u"d"_s); }
     void save(const QString &value, const QString &description = {}, qint32 isNew = 0)
     {

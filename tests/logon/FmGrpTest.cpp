@@ -26,14 +26,13 @@ class FmGrpTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        db.exec(u"Create Table Groups(Code Integer Primary Key, [Name] Text, Des Text, DanhMuc Integer, ChungTu Integer)"_s);
+        db.createLibraryTables();
+        db.exec(u"Alter Table Groups Add Column DanhMuc Integer"_s);
+        db.exec(u"Alter Table Groups Add Column ChungTu Integer"_s);
         db.exec(u"Insert Into Groups Values(1, 'Quản trị', 'Mọi quyền', 7, 7), (5, 'Kho', 'Thủ kho', 0, 2),"
                 " (8, 'Bán hàng', 'Quầy', 1, Null)"_s);
-        db.exec(u"Create Table [User](Code Integer Primary Key, [Name] Text, Dec Text, [Password] Double, IdGroup Integer)"_s);
         db.exec(u"Insert Into [User] Values(1, 'admin', 'Quản trị viên', 26209, 1), (2, 'thu', 'Thủ kho', 1065, 5)"_s);
-        db.exec(u"Create Table Menu(ID Integer, [Desc] Text)"_s);
         db.exec(u"Insert Into Menu Values(1, 'Danh mục'), (2, 'Chứng từ')"_s);
-        db.exec(u"Create Table SubMenu(ID Integer, [Desc] Text, IdMenuBar Integer)"_s);
         db.exec(u"Insert Into SubMenu Values(1, 'Hàng hoá', 1), (2, 'Khách hàng', 1), (3, 'Nhà cung cấp', 1),"
                 " (6, 'Hoá đơn', 2), (4, 'Phiếu nhập', 2), (5, 'Phiếu xuất', 2)"_s);
     }
@@ -159,9 +158,8 @@ TEST_F(FmGrpTest, RightsOfEachBarGoToItsColumnInOneStatement)
 
 TEST_F(FmGrpTest, AGroupsTableWithoutRightsColumnsWritesNothing)
 {
-    db.exec(u"Create Table G2 As Select Code, [Name], Des From Groups"_s);
-    db.exec(u"Drop Table Groups"_s);
-    db.exec(u"Alter Table G2 Rename To Groups"_s);
+    db.exec(u"Alter Table Groups Drop Column DanhMuc"_s);
+    db.exec(u"Alter Table Groups Drop Column ChungTu"_s);
     groups([](QWidget *form) {
         rights(form, [](QWidget *pms) {
             clickRow(list(pms, "LstMenuBar"), 0);

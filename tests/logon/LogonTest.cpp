@@ -26,7 +26,7 @@ class LogonTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        db.exec(u"Create Table [User](Code Integer Primary Key, [Name] Text, Dec Text, [Password] Double, IdGroup Integer)"_s);
+        db.createLibraryTables();
         db.exec(u"Insert Into [User] Values(1, 'admin', '', 26209, 1), (7, 'Nguyễn Văn An', '', %1, 1)"_s
                     .arg(DoubleToText(EncodePassword(LongPassword))));
     }
@@ -102,9 +102,8 @@ TEST_F(LogonTest, FailuresTakeTheErrorBranchAndQuotesNeverReachTheDatabase)
 {
     EXPECT_EQ(logon([this](QWidget &form) {
         test::typeText(field(form, "Txtuser"), u"x') Or ('1'='1"_s);
-        const qsizetype before = db.statements().size();
         EXPECT_EQ(clickOkAndReadRefusal(form), Refused);
-        EXPECT_EQ(db.statements().size(), before);
+        EXPECT_FALSE(db.statements().join(u'\n').contains(u"'1'='1"_s));
         // The error branch leaves the first character out of the selection.
         EXPECT_EQ(field(form, "Txtuser")->selectedText(), "') Or ('1'='1");
         click(form, "CmdCan");

@@ -29,9 +29,8 @@ class UserAdminTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        db.exec(u"Create Table Groups(Code Integer Primary Key, [Name] Text, Des Text)"_s);
+        db.createLibraryTables();
         db.exec(u"Insert Into Groups Values(1, 'Quản trị', 'Mọi quyền'), (8, 'Bán hàng', 'Quầy')"_s);
-        db.exec(u"Create Table [User](Code Integer Primary Key, [Name] Text, Dec Text, [Password] Double, IdGroup Integer)"_s);
         db.exec(u"Insert Into [User] Values(1, 'admin', 'Quản trị viên', 26209, 1), (3, 'ketoan', 'Kế toán', 1065, 8),"
                 " (5, 'thu', 'Thủ kho', 1065, 8)"_s);
     }

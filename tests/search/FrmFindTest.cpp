@@ -25,11 +25,10 @@ class FrmFindTest : public ::testing::Test {
 protected:
     void SetUp() override
     {
-        db.exec(u"Create Table LstFld(code Integer, [Name] Text, [Desc] Text, InTable Text, Relation Text, [Type] Integer)"_s);
+        db.createLibraryTables();
         db.exec(u"Insert Into LstFld Values(2, 'Tuoi', 'Tuổi', 'NhanVien', Null, 3), (1, 'Ten', 'Tên', 'NhanVien', Null, 10),"
                 " (3, 'Ma', 'Mã', 'NhanVien', Null, 1), (4, 'Phong', 'Phòng', 'NhanVien', 'PhongBan', 11),"
                 " (5, 'NgaySinh', 'Ngày sinh', 'NhanVien', Null, 8)"_s);
-        db.exec(u"Create Table Operator(Code Integer, [Name] Text, Des Text, [Type] Integer)"_s);
         db.exec(u"Insert Into Operator Values(1, 'LIKE', 'Bắt đầu bằng', 10), (2, '=', 'Bằng', 10), (3, '>', 'Lớn hơn', 3),"
                 " (4, '=', 'Bằng', 1), (5, '=', 'Thuộc', 11), (6, '=', 'Đúng ngày', 8)"_s);
         db.exec(u"Create Table NhanVien(Ten Text, Tuoi Integer, Ma Integer, Phong Text, NgaySinh Text)"_s);
