@@ -120,7 +120,10 @@ double ToDouble(const QString &text)
         throw Error(Error::TypeMismatch);
     QString plain = text.trimmed();
     plain.remove(QLatin1Char(','));
-    return plain.toDouble();
+    const double number = plain.toDouble();
+    if (!std::isfinite(number))
+        throw Error(Error::Overflow);   // "4e333" is numeric, but no Double holds it
+    return number;
 }
 
 double ToDouble(const QVariant &value)

@@ -108,7 +108,13 @@ QString RewriteDateLiterals(const QString &sql)
             const qsizetype close = sql.indexOf(QLatin1Char('#'), i + 1);
             if (close > 0) {
                 if (const auto iso = isoDate(sql.mid(i + 1, close - i - 1))) {
+                    // A quoted literal right beside another would merge with it.
+                    const auto isQuote = [](QChar q) { return q == QLatin1Char('\'') || q == QLatin1Char('"'); };
+                    if (!out.isEmpty() && isQuote(out.back()))
+                        out += QLatin1Char(' ');
                     out += QLatin1Char('\'') + *iso + QLatin1Char('\'');
+                    if (close + 1 < sql.size() && isQuote(sql.at(close + 1)))
+                        out += QLatin1Char(' ');
                     i = close + 1;
                     continue;
                 }

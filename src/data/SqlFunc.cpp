@@ -30,6 +30,25 @@ int closingParenthesisAtOrBefore(const QString &text, int p)
     }
 }
 
+bool isWordCharacter(QChar c)
+{
+    return c.isLetterOrNumber() || c == QLatin1Char('_');
+}
+
+// 1-based position of the first whole-word keyword in sql, without regard to
+// case; 0 when there is none. The position is one in sql itself: the text is
+// never upper-cased first, which can lengthen it ("ß" becomes "SS").
+int keywordAt(const QString &sql, QLatin1String keyword)
+{
+    for (qsizetype at = sql.indexOf(keyword, 0, Qt::CaseInsensitive); at >= 0;
+         at = sql.indexOf(keyword, at + 1, Qt::CaseInsensitive)) {
+        const qsizetype end = at + keyword.size();
+        if ((at == 0 || !isWordCharacter(sql.at(at - 1))) && (end == sql.size() || !isWordCharacter(sql.at(end))))
+            return int(at + 1);
+    }
+    return 0;
+}
+
 } // namespace
 
 QString FixQuote(const QVariant &value)
@@ -56,7 +75,7 @@ QString SqlQuote(const QString &value, qint32 kind)
 QString AddValues(const QString &sql, const QString &column, const QString &value)
 {
     QString s = sql;
-    const int valuesAt = InStr(UCase(s), QStringLiteral("VALUES"));
+    const int valuesAt = keywordAt(s, QLatin1String("VALUES"));
     if (valuesAt > 0) {
         const int p = closingParenthesisAtOrBefore(s, valuesAt);
         s = s.left(p - 1) + QLatin1Char(',') + column + s.mid(p - 1);
@@ -69,7 +88,7 @@ QString AddValues(const QString &sql, const QString &column, const QString &valu
 
 QString AddSet(const QString &sql, const QString &column, const QString &value)
 {
-    const int p = InStr(UCase(sql), QStringLiteral("SET"));
+    const int p = keywordAt(sql, QLatin1String("SET"));
     if (p == 0)
         return QString();
     return sql.left(p + 3) + column + QLatin1Char('=') + SqlQuote(value, 10) + QLatin1Char(',')
@@ -82,8 +101,13 @@ QString SqlValue(const QVariant &value, const QString &code)
     if (c == QLatin1String("N"))
         return QString::number(static_cast<qint64>(NumVal(value)));
     if (c == QLatin1String("D")) {
+        // Only a date goes between the delimiters; anything else gives "##",
+        // which no database reads, so the statement fails without the text.
+        const QString text = VariantToText(value);
+        if (!IsDate(text))
+            return QStringLiteral("##");
         const QChar delimiter = DateQuoteFlag ? QLatin1Char('\'') : QLatin1Char('#');
-        return delimiter + VariantToText(value) + delimiter;
+        return delimiter + text + delimiter;
     }
     if (c == QLatin1String("S") || c.isEmpty())
         return QLatin1Char('\'') + FixQuote(value) + QLatin1Char('\'');

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "logon/MdlLogon.h"
 
-#include "data/Conversions.h"
-
 #include <zolt/Error.h>
 
 #include <cmath>
@@ -11,14 +9,16 @@ namespace zolt {
 
 double EncodePassword(const QString &password)
 {
-    const QString upper = UCase(password);
-    for (const QChar c : upper) {
+    // Each character's code in the 8-bit code page, upper-cased there: a
+    // character beyond 127 (or none) gives no digest, before any case change
+    // could turn it into others ("ß" into "SS").
+    for (const QChar c : password) {
         if (c.unicode() < 32 || c.unicode() > 127)
             return 0.0;
     }
     double digest = 0.0;
-    for (auto c = upper.crbegin(); c != upper.crend(); ++c)
-        digest = digest * 4.0 + c->unicode();
+    for (auto c = password.crbegin(); c != password.crend(); ++c)
+        digest = digest * 4.0 + QChar::toUpper(c->unicode());
     if (!std::isfinite(digest))
         throw Error(Error::Overflow);
     return digest;

@@ -47,6 +47,7 @@ TEST(IsNumeric, TheRuntimesNumberForms)
     EXPECT_DOUBLE_EQ(ToDouble(QVariant(true)), -1.0);   // True is -1
     EXPECT_EQ(errorNumberOf([] { ToDouble(QVariant(QStringLiteral("x"))); }), 13);
     EXPECT_EQ(errorNumberOf([] { ToDouble(QVariant()); }), 13);
+    EXPECT_EQ(errorNumberOf([] { ToDouble(QStringLiteral("4e333")); }), 6);   // numeric, but no Double holds it
 }
 
 TEST(IsDate, RealDatesWrittenDayFirst)

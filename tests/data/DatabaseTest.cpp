@@ -17,7 +17,8 @@ TEST(DateLiterals, RewrittenMonthFirstOutsideQuotedText)
              {u"D=#02/01/0100#"_s, u"D='0100-02-01'"_s}, {u"D=#1/2/2003 9:05#"_s, u"D='2003-01-02 09:05:00'"_s},
              {u"N='it''s #1/2/2003#' Or M=\"#1/2/2003#\""_s, u"N='it''s #1/2/2003#' Or M=\"#1/2/2003#\""_s},
              {u"N=#abc# Or D=#13/13/2003#"_s, u"N=#abc# Or D=#13/13/2003#"_s},
-             {u"N='unterminated #1/2/2003#"_s, u"N='unterminated #1/2/2003#"_s}})
+             {u"N='unterminated #1/2/2003#"_s, u"N='unterminated #1/2/2003#"_s},
+             {u"D=#1/2/2003#'a' Or 'b'#1/2/2003#"_s, u"D='2003-01-02' 'a' Or 'b' '2003-01-02'"_s}})
         EXPECT_EQ(RewriteDateLiterals(sql), rewritten);
 }
 

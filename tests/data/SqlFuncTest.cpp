@@ -5,13 +5,14 @@
 
 using namespace zolt;
 using test::errorNumberOf;
+using namespace Qt::StringLiterals;
 
 TEST(SqlValue, LiteralByTypeCode)
 {
     const std::tuple<const char *, const char *, const char *> cases[] = {
         {"abc", "la", "'%abc%'"}, {"abc", "LL", "'%abc%'"}, {"abc", "LR", "'abc%'"},
         {"O'Neil", "s", "'O''Neil'"}, {"say \"hi\"", "", "'say \"\"hi\"\"'"},
-        {"01/02/2003", "D", "#01/02/2003#"}, {"x", "Z", ""},
+        {"01/02/2003", "D", "#01/02/2003#"}, {"1/2/2000# Or 1=1 Or #", "D", "##"}, {"x", "Z", ""},
         {"2.5", "N", "2"}, {"13.5", "n", "14"}, {"1,000", "N", "1000"}, {"1; DROP TABLE x", "N", "0"}};
     for (const auto &[value, code, literal] : cases)
         EXPECT_EQ(SqlValue(QString::fromUtf8(value), QString::fromLatin1(code)), literal) << value << code;
@@ -39,4 +40,11 @@ TEST(GrowingStatements, AddValuesAndAddSet)
     EXPECT_EQ(AddSet(QStringLiteral("Update T Set A='c'  Where K='a'"), QStringLiteral("D"), QStringLiteral("d")),
               "Update T Set D='d ',A='c'  Where K='a'");
     EXPECT_EQ(AddSet(QStringLiteral("Update T Where A=1"), QStringLiteral("B"), QStringLiteral("x")), "");
+    // Keywords are whole words, found where they stand in the text itself.
+    EXPECT_EQ(AddSet(QStringLiteral("Update Asset Set A=1"), QStringLiteral("B"), QStringLiteral("x")),
+              "Update Asset Set B='x ',A=1");
+    const QString wide = QString(40, u'ß');
+    EXPECT_EQ(AddValues(u"Insert Into T("_s + wide + u") VALUES(1)"_s, u"B"_s, u"v"_s),
+              u"Insert Into T("_s + wide + u",B) VALUES(1,'v ')"_s);
+    EXPECT_EQ(AddSet(wide + u" Set A=1"_s, u"B"_s, u"x"_s), wide + u" Set B='x ',A=1"_s);
 }
