@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "controls/DataCombo1.h"
 
+#include "controls/ComboSelection.h"
 #include "data/Conversions.h"
 #include "platform/KeyDelivery.h"
 #include "platform/OleColor.h"

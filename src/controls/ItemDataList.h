@@ -3,14 +3,13 @@
 
 // The contract of a list whose every row carries a string of item data beside
 // its shown text. DataCombo1 and clsListBox offer it; FillList fills any of
-// them. (Lists whose rows carry a whole number follow MdGrid.)
+// them. (Lists whose rows carry a whole number follow MdGrid.) It needs no
+// widget: the catalogue queries fill it from the core.
 
 #include <QString>
 #include <QStringList>
 
 #include <optional>
-
-class QComboBox;
 
 namespace zolt {
 
@@ -36,13 +35,5 @@ public:
 
 // Raises error 381 unless index names one of count rows.
 void CheckItemIndex(int index, int count);
-
-// A combo box selects the first item put into it and moves its selection to a
-// neighbour of a removed item; a list keeps its selection on the same item, or
-// has none once that item is gone. These change a combo's items the way a
-// list does, without a selection signal. A bad index raises error 381.
-void InsertKeepingSelection(QComboBox *combo, int at, const QString &text);
-void AppendKeepingSelection(QComboBox *combo, const QStringList &texts);
-void RemoveKeepingSelection(QComboBox *combo, int index);
 
 } // namespace zolt

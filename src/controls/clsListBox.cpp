@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "controls/clsListBox.h"
 
+#include "controls/ComboSelection.h"
 #include "data/Conversions.h"
 
 #include <zolt/Error.h>
