@@ -2,11 +2,11 @@
 #include "platform/IniFile.h"
 
 #include "data/Conversions.h"
+#include "platform/StoreLock.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QLockFile>
 #include <QSaveFile>
 #include <QStandardPaths>
 #include <QStringList>
@@ -154,8 +154,8 @@ bool WriteProfileString(const QString &section, const QString &key, const QStrin
     QDir().mkpath(QFileInfo(path).absolutePath());
     // Read, change and replace under a lock, so that two writers of the same
     // file never lose each other's keys.
-    QLockFile lock(path + QStringLiteral(".lock"));
-    if (!lock.lock())
+    const auto lock = LockForWrite(path + QStringLiteral(".lock"));
+    if (!lock)
         return false;
     auto file = readLines(path);
     if (!file)

@@ -2,13 +2,13 @@
 #include "platform/RegistryFiles.h"
 
 #include "data/Conversions.h"
+#include "platform/StoreLock.h"
 
 #include <zolt/Enums.h>
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QLockFile>
 #include <QSaveFile>
 #include <QStandardPaths>
 #include <QUrl>
@@ -150,8 +150,8 @@ qint32 FileSetValue(qint32 root, const QString &path, const QString &name, const
     if (const qint32 status = FileOpenKey(root, path, true))
         return status;
     keyFolder(root, path, folder);
-    QLockFile lock(folder + QStringLiteral("/.lock"));
-    if (!lock.lock())
+    const auto lock = LockForWrite(folder + QStringLiteral("/.lock"));
+    if (!lock)
         return RegAccessDenied;
     QList<NamedValue> values = readValues(folder);
     const auto existing = std::find_if(values.begin(), values.end(),

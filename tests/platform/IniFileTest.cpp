@@ -5,6 +5,7 @@
 #include "WriterTool.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFileInfo>
 
 #include <unistd.h>
@@ -69,4 +70,13 @@ TEST_F(IniFileTest, TwoWritersAtOnceKeepEachOthersKeys)
         for (const QString &prefix : {u"a"_s, u"b"_s})
             EXPECT_EQ(ReadProfileString(u"S"_s, prefix + QString::number(i), {}, path), QString::number(i));
     }
+}
+
+TEST_F(IniFileTest, ALockLeftByAKilledWriterIsTakenOverAtOnce)
+{
+    writeFile(path + u".lock"_s, {});   // its writer died before saying who it was
+    QElapsedTimer waited;
+    waited.start();
+    EXPECT_TRUE(write(u"Kho"_s, u"A"_s, u"1"_s));
+    EXPECT_LT(waited.elapsed(), 1500);   // not the half minute of an unbounded wait
 }

@@ -8,6 +8,7 @@
 #include <zolt/clsRegistry.h>
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QRandomGenerator>
 #include <QThread>
 
@@ -115,6 +116,16 @@ TEST_F(RegistryTest, AKilledWriterLeavesTheOldValueOrTheNewOne)
         EXPECT_TRUE(value.data.startsWith("big:") && value.data.endsWith(":end")) << round;
         EXPECT_EQ(value.data.size(), (1 << 20) + 9 + value.data.split(':')[1].size());
     }
+}
+
+TEST_F(RegistryTest, ALockLeftByAKilledWriterIsTakenOverAtOnce)
+{
+    RegCreateKey(HK_CURRENT_USER, u"Software\\Kho"_s);
+    test::writeFile(dir.filePath(u"user/HKEY_CURRENT_USER/software/kho/.lock"_s), {});
+    QElapsedTimer waited;
+    waited.start();
+    EXPECT_EQ(write(u"a"_s, u"1"_s, u"Software\\Kho"_s), 0);
+    EXPECT_LT(waited.elapsed(), 1500);   // not the half minute of an unbounded wait
 }
 
 TEST_F(RegistryTest, TwoWritersAtOnceKeepBothValues)
