@@ -23,6 +23,20 @@ namespace zolt {
 namespace {
 
 const QString ValuesFile = QStringLiteral("values");
+constexpr qsizetype NameMax = 255;   // bytes of one name, as the file systems allow
+
+// The folder of a key name: case-folded ("Σ" and "ς" are one key) and
+// percent-encoded, so that "/", NUL and control characters stay inside the
+// name. A name that would read as ".", "..", the lock, the values file or
+// its temporary copies has its first character encoded too: every name maps
+// inside its parent and to no other key.
+QString folderName(const QString &part)
+{
+    QString name = QString::fromLatin1(QUrl::toPercentEncoding(part.toCaseFolded(), " "));
+    if (name.startsWith(QLatin1Char('.')) || name.startsWith(ValuesFile))
+        name = QString::fromLatin1(QUrl::toPercentEncoding(name.left(1), {}, name.left(1).toLatin1())) + name.mid(1);
+    return name;
+}
 
 std::optional<QString> rootFolder(qint32 root)
 {
@@ -56,9 +70,10 @@ qint32 keyFolder(qint32 root, const QString &path, QString &folder)
     if (path.isEmpty())
         return RegSuccess;
     for (const QString &part : path.split(QLatin1Char('\\'))) {
-        if (part.isEmpty())
+        const QString name = folderName(part);
+        if (part.isEmpty() || name.size() > NameMax)
             return RegBadPathname;
-        folder += QLatin1Char('/') + QString::fromLatin1(QUrl::toPercentEncoding(part.toLower(), " "));
+        folder += QLatin1Char('/') + name;
     }
     return RegSuccess;
 }

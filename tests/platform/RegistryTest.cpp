@@ -8,6 +8,7 @@
 #include <zolt/clsRegistry.h>
 
 #include <QDir>
+#include <QDirIterator>
 #include <QElapsedTimer>
 #include <QRandomGenerator>
 #include <QThread>
@@ -62,6 +63,24 @@ TEST_F(RegistryTest, TextsRoundTripWithoutRegardToCase)
     write(u"long"_s, QString(1024, u'a'));
     EXPECT_EQ(read(u"fits"_s).size(), 1023);
     EXPECT_EQ(read(u"long"_s), "<untouched>");
+}
+
+TEST_F(RegistryTest, EveryKeyNameStaysInsideTheStoreAndIsAKeyOfItsOwn)
+{
+    const QString names[] = {u"."_s, u".."_s, u"/"_s, u"a/../../.."_s, QString(1, QChar(0)), u"\x01\n"_s, u"%41"_s,
+                             u"A"_s, u"Values"_s, u".lock"_s, u"values.tmp"_s, u"Σ"_s};
+    for (int i = 0; i < std::ssize(names); ++i)
+        EXPECT_EQ(write(u"v"_s, QString::number(i), u"Software\\"_s + names[i]), 0) << i;
+    EXPECT_EQ(write(u"v"_s, u"child"_s, u"Software\\..\\x"_s), 0);
+    for (int i = 0; i < std::ssize(names); ++i)
+        EXPECT_EQ(read(u"v"_s, u"Software\\"_s + names[i]), QString::number(i)) << i;
+    EXPECT_EQ(read(u"v"_s, u"Software\\ς"_s), QString::number(std::size(names) - 1));   // one key, case aside
+    EXPECT_EQ(write(u"v"_s, u"x"_s, u"Software\\"_s + QString(100000, u'k')), RegBadPathname);
+    QDirIterator files(dir.path(), QDir::Files | QDir::Hidden | QDir::System, QDirIterator::Subdirectories);
+    while (files.hasNext()) {
+        const QString file = files.next();
+        EXPECT_TRUE(file.startsWith(dir.filePath(u"user/HKEY_CURRENT_USER/software/"_s))) << file.toStdString();
+    }
 }
 
 TEST_F(RegistryTest, NumbersReadAsSignedDecimalTextOtherTypesNot)
