@@ -2,11 +2,13 @@
 #include <zolt/clsRegistry.h>
 
 #include "data/Conversions.h"
+#include "platform/OdbcIni.h"
 #include "platform/Registry.h"
 
 #include <zolt/Enums.h>
 #include <zolt/Error.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace zolt {
@@ -56,6 +58,13 @@ void writeAll(qint32 root, const QString &key, Values values)
         RegSetValue(root, key, QLatin1String(name), RegText(text));
 }
 
+// A registration whose texts would change the files' structure writes nothing.
+bool registrable(const QString &dsn, std::initializer_list<QString> values)
+{
+    return OdbcPlainText(dsn, true)
+           && std::all_of(values.begin(), values.end(), [](const QString &v) { return OdbcPlainText(v, false); });
+}
+
 } // namespace
 
 struct clsRegistry::Private {};
@@ -101,6 +110,8 @@ qint32 clsRegistry::WriteRegEdit(qint32 hKeyReg, const QString &KeyName, const Q
 QVariant clsRegistry::Create_DSN(const QString &DSN, const QString &Desc, const QString &Dtb,
                                  const QString &Svr, const QString &Drv)
 {
+    if (!registrable(DSN, {Desc, Dtb, Svr, Drv}))
+        return QVariant();
     writeAll(HK_LOCAL_MACHINE, OdbcIni + DSN,
              {{"Database", Dtb}, {"Description", Desc}, {"Driver", QString()},
               {"LastUser", QStringLiteral("sa")}, {"Server", Svr}, {"AnsiNPW", QStringLiteral("No")}});
@@ -112,6 +123,8 @@ QVariant clsRegistry::Create_DSN_EXL(const QString &DSN, const QString &DefaultD
                                      const QString &FIL, const std::optional<QString> &DrID)
 {
     const QString driverId = DrID.value_or(QString()).isEmpty() ? QStringLiteral("790") : *DrID;
+    if (!registrable(DSN, {DefaultDir, DBQ, FIL, driverId}))
+        return QVariant();
     writeAll(HK_LOCAL_MACHINE, OdbcIni + DSN,
              {{"DBQ", DBQ}, {"Description", QStringLiteral("Qo")}, {"DefaultDir", DefaultDir},
               {"DRIVER", ExcelDriver}, {"DriverId", driverId}, {"FIL", FIL},

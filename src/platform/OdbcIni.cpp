@@ -5,6 +5,8 @@
 
 #include <QFile>
 
+#include <algorithm>
+
 #include <odbcinst.h>
 
 namespace zolt {
@@ -72,6 +74,15 @@ bool sectionExists(const QByteArray &section)
 
 } // namespace
 
+bool OdbcPlainText(const QString &text, bool isName)
+{
+    static const QString lineBreaks = QStringLiteral("\n\r") + QChar(0);
+    static const QString structure = QStringLiteral("[]=");
+    return std::none_of(text.begin(), text.end(), [isName](QChar c) {
+        return lineBreaks.contains(c) || (isName && structure.contains(c));
+    });
+}
+
 std::optional<QString> OdbcIniSubkey(qint32 root, const QString &path)
 {
     if (root != HK_LOCAL_MACHINE && root != HK_CURRENT_USER)
@@ -105,6 +116,10 @@ qint32 OdbcSetValue(qint32 root, const QString &subkey, const QString &name, con
 {
     if (subkey.isEmpty())
         return RegAccessDenied;   // ODBC.INI itself holds data sources, not values
+    if (!OdbcPlainText(subkey, true) || !OdbcPlainText(name, true))
+        return RegBadPathname;
+    if (!OdbcPlainText(text, false))
+        return RegInvalidParameter;
     const ConfigMode mode(root);
     if (root == HK_LOCAL_MACHINE)
         ensureSystemFile();

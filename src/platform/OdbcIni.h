@@ -18,8 +18,14 @@ namespace zolt {
 // unixODBC's keeping ("" for ODBC.INI itself); nothing otherwise.
 std::optional<QString> OdbcIniSubkey(qint32 root, const QString &path);
 
+// True when text may stand in unixODBC's files as it is: no line break or
+// NUL, and in a name (isName) no "[", "]" or "=" either. Anything else would
+// add or change another data source or entry.
+bool OdbcPlainText(const QString &text, bool isName);
+
 qint32 OdbcOpenKey(qint32 root, const QString &subkey);
 qint32 OdbcQueryValue(qint32 root, const QString &subkey, const QString &name, RegValue &value);
+// Status 161 for a name and 87 for a value that is not plain text: nothing is written.
 qint32 OdbcSetValue(qint32 root, const QString &subkey, const QString &name, const QString &text);
 
 } // namespace zolt

@@ -17,6 +17,7 @@ enum RegStatus : qint32 {
     RegNotFound = 2,
     RegAccessDenied = 5,
     RegInvalidHandle = 6,
+    RegInvalidParameter = 87,
     RegBadPathname = 161,
     RegMoreData = 234
 };

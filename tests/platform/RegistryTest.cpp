@@ -177,5 +177,14 @@ TEST_F(RegistryTest, DataSourcesAreUnixOdbcs)
     EXPECT_EQ(read(u"DriverId"_s, OdbcIni + u"SoKho"_s, HK_LOCAL_MACHINE), "790");
     EXPECT_EQ(read(u"Threads"_s, OdbcIni + u"SoKho\\Engines\\Excel"_s, HK_LOCAL_MACHINE), "3");
     EXPECT_EQ(write(u"Server"_s, u"may-ban"_s, OdbcIni + u"Rieng"_s), 0);   // a user's own data source
+    // Text that would make or change another data source is refused whole.
+    registry.Create_DSN(u"Moi"_s, u"x\n[Evil]\nDriver=/tmp/evil.so"_s, u"SalesDb"_s, u"srv01"_s, u"SQL Server"_s);
+    registry.Create_DSN(u"Evil]\n[Moi2"_s, u"x"_s, u"SalesDb"_s, u"srv01"_s, u"SQL Server"_s);
+    EXPECT_EQ(write(u"Server"_s, u"a\r\n[Evil]"_s, OdbcIni + u"Rieng"_s), RegInvalidParameter);
+    EXPECT_EQ(write(u"Driver=/tmp/evil.so\nX"_s, u"1"_s, OdbcIni + u"Rieng"_s), RegBadPathname);
+    for (const char *file : {"sys/odbc.ini", "user.ini"}) {
+        const QByteArray text = test::readFile(dir.filePath(QLatin1String(file)));
+        EXPECT_FALSE(text.contains("Evil") || text.contains("Moi")) << text.toStdString();
+    }
     EXPECT_TRUE(test::readFile(dir.filePath(u"user.ini"_s)).contains("Server=may-ban"));
 }
