@@ -145,6 +145,12 @@ QString ReadProfileString(const QString &section, const QString &key,
     return defaultValue;
 }
 
+bool ProfileSectionExists(const QString &section, const QString &fileName)
+{
+    const auto file = readLines(ProfilePath(fileName));
+    return file && sectionBody(file->lines, section).has_value();
+}
+
 bool WriteProfileString(const QString &section, const QString &key, const QString &value,
                         const QString &fileName)
 {

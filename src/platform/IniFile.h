@@ -18,6 +18,9 @@ QString ProfilePath(const QString &fileName);
 QString ReadProfileString(const QString &section, const QString &key,
                           const QString &defaultValue, const QString &fileName);
 
+// True when the file has the section.
+bool ProfileSectionExists(const QString &section, const QString &fileName);
+
 // Writes key=value into section, creating the file and the section as needed.
 // The file is replaced whole and at once, so a crash leaves the old or the new
 // file, never part of one. False when the file could not be written.

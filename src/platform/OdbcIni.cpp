@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/OdbcIni.h"
 
+#include "platform/IniFile.h"
+
 #include <zolt/Enums.h>
 
-#include <QFile>
+#include <QDir>
 
 #include <algorithm>
-
-#include <odbcinst.h>
 
 namespace zolt {
 
@@ -15,61 +15,31 @@ namespace {
 
 const QString OdbcIniPath = QStringLiteral("SOFTWARE\\ODBC\\ODBC.INI");
 const QString DataSources = QStringLiteral("ODBC Data Sources");
-const char *const IniFile = "odbc.ini";
-const char *const Missing = "\x01";   // an entry's text that unixODBC never holds
+const QString Missing = QStringLiteral("\x01");   // an entry's text that no file holds
 
 struct Entry {
-    QByteArray section;
-    QByteArray name;
+    QString section;
+    QString name;
 };
 
 // The section and entry name a key's value is kept under.
 Entry entryOf(const QString &subkey, const QString &name)
 {
     if (subkey.compare(DataSources, Qt::CaseInsensitive) == 0)
-        return {name.toUtf8(), QByteArrayLiteral("Driver")};
+        return {name, QStringLiteral("Driver")};
     const qsizetype slash = subkey.indexOf(QLatin1Char('\\'));
     if (slash < 0)
-        return {subkey.toUtf8(), name.toUtf8()};
-    return {subkey.left(slash).toUtf8(), (subkey.mid(slash + 1) + QLatin1Char('\\') + name).toUtf8()};
+        return {subkey, name};
+    return {subkey.left(slash), subkey.mid(slash + 1) + QLatin1Char('\\') + name};
 }
 
-// Reads and writes go to the system or the user data sources for as long as it lives.
-class ConfigMode {
-public:
-    explicit ConfigMode(qint32 root)
-    {
-        SQLGetConfigMode(&m_previous);
-        SQLSetConfigMode(root == HK_LOCAL_MACHINE ? ODBC_SYSTEM_DSN : ODBC_USER_DSN);
-    }
-    ~ConfigMode() { SQLSetConfigMode(m_previous); }
-
-private:
-    UWORD m_previous = ODBC_BOTH_DSN;
-};
-
-// unixODBC writes into an existing system file only; one that may be made is made.
-void ensureSystemFile()
+// unixODBC's file of the root's data sources: the system's in $ODBCSYSINI
+// (by default /etc), the user's at $ODBCINI (by default ~/.odbc.ini).
+QString iniPath(qint32 root)
 {
-    const QString folder = qEnvironmentVariable("ODBCSYSINI", QStringLiteral("/etc"));
-    QFile file(folder + QStringLiteral("/odbc.ini"));
-    if (!file.exists())
-        file.open(QIODevice::Append);
-}
-
-std::optional<QByteArray> entry(const Entry &e)
-{
-    char text[4096];
-    SQLGetPrivateProfileString(e.section.constData(), e.name.constData(), Missing, text, sizeof text, IniFile);
-    if (qstrcmp(text, Missing) == 0)
-        return std::nullopt;
-    return QByteArray(text);
-}
-
-bool sectionExists(const QByteArray &section)
-{
-    char names[4096] = {};
-    return SQLGetPrivateProfileString(section.constData(), nullptr, "", names, sizeof names, IniFile) > 0;
+    if (root == HK_LOCAL_MACHINE)
+        return qEnvironmentVariable("ODBCSYSINI", QStringLiteral("/etc")) + QStringLiteral("/odbc.ini");
+    return qEnvironmentVariable("ODBCINI", QDir::homePath() + QStringLiteral("/.odbc.ini"));
 }
 
 } // namespace
@@ -98,17 +68,16 @@ qint32 OdbcOpenKey(qint32 root, const QString &subkey)
 {
     if (subkey.isEmpty() || subkey.compare(DataSources, Qt::CaseInsensitive) == 0)
         return RegSuccess;
-    const ConfigMode mode(root);
-    return sectionExists(entryOf(subkey, QString()).section) ? RegSuccess : RegNotFound;
+    return ProfileSectionExists(entryOf(subkey, QString()).section, iniPath(root)) ? RegSuccess : RegNotFound;
 }
 
 qint32 OdbcQueryValue(qint32 root, const QString &subkey, const QString &name, RegValue &value)
 {
-    const ConfigMode mode(root);
-    const auto text = entry(entryOf(subkey, name));
-    if (!text)
+    const Entry e = entryOf(subkey, name);
+    const QString text = ReadProfileString(e.section, e.name, Missing, iniPath(root));
+    if (text == Missing)
         return RegNotFound;
-    value = {RegSz, *text};
+    value = {RegSz, text.toUtf8()};
     return RegSuccess;
 }
 
@@ -120,13 +89,9 @@ qint32 OdbcSetValue(qint32 root, const QString &subkey, const QString &name, con
         return RegBadPathname;
     if (!OdbcPlainText(text, false))
         return RegInvalidParameter;
-    const ConfigMode mode(root);
-    if (root == HK_LOCAL_MACHINE)
-        ensureSystemFile();
+    // Written like every initialisation file: under a lock, replaced whole.
     const Entry e = entryOf(subkey, name);
-    return SQLWritePrivateProfileString(e.section.constData(), e.name.constData(),
-                                        text.toUtf8().constData(), IniFile)
-               ? RegSuccess : RegAccessDenied;
+    return WriteProfileString(e.section, e.name, text, iniPath(root)) ? RegSuccess : RegAccessDenied;
 }
 
 } // namespace zolt

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// The keys under SOFTWARE\ODBC\ODBC.INI, kept by unixODBC: under the local
-// machine its system data sources, under the current user its user data
-// sources. Key ODBC.INI\<DSN> is the data source's section; a key below it
+// The keys under SOFTWARE\ODBC\ODBC.INI, kept in unixODBC's files: under the
+// local machine its system data sources, under the current user its user data
+// sources. They are written like every initialisation file (under a lock,
+// replaced whole), so a crash or a second writer loses no data source.
+// Key ODBC.INI\<DSN> is the data source's section; a key below it
 // (<DSN>\Engines\Excel) keeps its values in that section as entries named
 // "Engines\Excel\<value>". The entry <DSN> of key "ODBC Data Sources" names
 // the data source's driver, which unixODBC keeps as the section's "Driver".

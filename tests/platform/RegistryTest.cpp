@@ -160,6 +160,28 @@ TEST_F(RegistryTest, TwoWritersAtOnceKeepBothValues)
     }
 }
 
+TEST_F(RegistryTest, DataSourcesSurviveKilledAndConcurrentRegistrations)
+{
+    registry.Create_DSN(u"Keep"_s, u"giữ"_s, u"SalesDb"_s, u"srv01"_s, u"SQL Server"_s);
+    const auto kept = [this] { return read(u"Server"_s, OdbcIni + u"Keep"_s, HK_LOCAL_MACHINE) == u"srv01"_s; };
+    for (int round = 0; round < 4; ++round) {
+        auto writer = test::startWriter({u"dsn"_s, u"K%1x"_s.arg(round), u"200"_s});
+        QThread::msleep(20 + QRandomGenerator::global()->bounded(100));
+        ::kill(pid_t(writer->processId()), SIGKILL);
+        writer->waitForFinished();
+        EXPECT_TRUE(kept()) << round;
+    }
+    auto first = test::startWriter({u"dsn"_s, u"A"_s, u"30"_s});
+    auto second = test::startWriter({u"dsn"_s, u"B"_s, u"30"_s});
+    test::finish({first.get(), second.get()});
+    for (int i = 0; i < 30; ++i) {
+        for (const char *prefix : {"A", "B"})
+            EXPECT_EQ(read(u"Server"_s, OdbcIni + QLatin1String(prefix) + QString::number(i), HK_LOCAL_MACHINE), "srv")
+                << prefix << i;
+    }
+    EXPECT_TRUE(kept());
+}
+
 TEST_F(RegistryTest, DataSourcesAreUnixOdbcs)
 {
     registry.Create_DSN(u"BanHang"_s, u"Dữ liệu bán hàng"_s, u"SalesDb"_s, u"srv01"_s, u"SQL Server"_s);

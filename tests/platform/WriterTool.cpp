@@ -3,7 +3,7 @@
 // one, or write without rights:
 //   writer_tool set ROOT KEY NAME VALUE    a registry value; prints the status
 //   writer_tool loop ROOT KEY NAME COUNT   "NAME:i:<1 MiB>:end" COUNT times
-//   writer_tool dsn NAME                   registers a SQL Server data source
+//   writer_tool dsn PREFIX COUNT           registers data sources PREFIX0..
 //   writer_tool ini FILE PREFIX COUNT      keys PREFIX0.. in section [S] of FILE
 #include "platform/IniFile.h"
 #include "platform/Registry.h"
@@ -21,8 +21,9 @@ int main(int argc, char **argv)
     const QStringList args = app.arguments();
     const QString command = args.value(1);
     if (command == QLatin1String("dsn")) {
-        zolt::clsRegistry().Create_DSN(args.value(2), QStringLiteral("d"), QStringLiteral("db"),
-                                       QStringLiteral("srv"), QStringLiteral("SQL Server"));
+        for (int i = 0; i < args.value(3).toInt(); ++i)
+            zolt::clsRegistry().Create_DSN(args.value(2) + QString::number(i), QStringLiteral("d"),
+                                           QStringLiteral("db"), QStringLiteral("srv"), QStringLiteral("SQL Server"));
         return 0;
     }
     if (command == QLatin1String("ini")) {
