@@ -17,9 +17,20 @@ namespace zolt {
 
 namespace {
 
+// A line as it stands in the file: its bytes, kept exactly while the line is
+// not changed (an 8-bit legacy text included), and its own line ending.
+struct Line {
+    QString text;
+    QByteArray bytes;    // null once the library has made or changed the line
+    QByteArray ending;   // "\r\n", "\n", "\r", or "" for a last line without one
+};
+
 struct Lines {
-    QStringList lines;
-    QString newline = QStringLiteral("\n");
+    QList<Line> lines;
+    QByteArray newline = "\n";   // for the lines the library adds: the file's first ending
+
+    // A line made by the library.
+    Line made(const QString &text) const { return {text, QByteArray(), newline}; }
 };
 
 std::optional<Lines> readLines(const QString &path)
@@ -29,14 +40,31 @@ std::optional<Lines> readLines(const QString &path)
         return Lines{};
     if (!file.open(QIODevice::ReadOnly))
         return std::nullopt;
-    const QString text = QString::fromUtf8(file.readAll());
+    const QByteArray data = file.readAll();
     Lines result;
-    if (text.contains(QLatin1String("\r\n")))
-        result.newline = QStringLiteral("\r\n");
-    result.lines = text.split(result.newline);
-    if (!result.lines.isEmpty() && result.lines.last().isEmpty())
-        result.lines.removeLast();   // the file's final line break
+    qsizetype start = 0;
+    while (start < data.size()) {
+        qsizetype end = start;
+        while (end < data.size() && data[end] != '\n' && data[end] != '\r')
+            ++end;
+        const qsizetype next = end + (data.mid(end, 2) == "\r\n" ? 2 : (end < data.size() ? 1 : 0));
+        const QByteArray bytes = data.mid(start, end - start);
+        result.lines.append({QString::fromUtf8(bytes), bytes, data.mid(end, next - end)});
+        start = next;
+    }
+    if (!result.lines.isEmpty() && !result.lines.first().ending.isEmpty())
+        result.newline = result.lines.first().ending;
     return result;
+}
+
+QByteArray fileBytes(Lines file)
+{
+    QByteArray data;
+    if (!file.lines.isEmpty() && file.lines.last().ending.isEmpty())
+        file.lines.last().ending = file.newline;   // lines follow it now
+    for (const Line &line : std::as_const(file.lines))
+        data += (line.bytes.isNull() ? line.text.toUtf8() : line.bytes) + line.ending;
+    return data;
 }
 
 // The name of a "[Section]" line, or nothing for any other line.
@@ -57,10 +85,11 @@ bool hasLineBreak(const QString &text)
 }
 
 // Names and values that would change the file's structure are refused.
+// (Names are taken without the blanks around them, as the file shows them.)
 bool writable(const QString &section, const QString &key, const QString &value)
 {
-    return !section.trimmed().isEmpty() && !key.trimmed().isEmpty()
-           && !section.contains(QLatin1Char(']')) && !key.contains(QLatin1Char('='))
+    return !section.isEmpty() && !key.isEmpty() && !section.contains(QLatin1Char(']'))
+           && !key.contains(QLatin1Char('=')) && !key.startsWith(QLatin1Char('['))   // it would read as a header
            && !hasLineBreak(section) && !hasLineBreak(key) && !hasLineBreak(value);
 }
 
@@ -71,15 +100,15 @@ bool isKeyLine(const QString &line, const QString &key)
 }
 
 // Rows [begin, end) of the section's body, or nothing when the section is absent.
-std::optional<std::pair<qsizetype, qsizetype>> sectionBody(const QStringList &lines,
+std::optional<std::pair<qsizetype, qsizetype>> sectionBody(const QList<Line> &lines,
                                                            const QString &section)
 {
     for (qsizetype i = 0; i < lines.size(); ++i) {
-        const auto name = sectionName(lines[i]);
+        const auto name = sectionName(lines[i].text);
         if (!name || !SameText(*name, section))
             continue;
         qsizetype end = i + 1;
-        while (end < lines.size() && !sectionName(lines[end]))
+        while (end < lines.size() && !sectionName(lines[end].text))
             ++end;
         return std::make_pair(i + 1, end);
     }
@@ -96,26 +125,29 @@ QString unquoted(const QString &value)
     return value;
 }
 
-void putKey(QStringList &lines, const QString &section, const QString &key, const QString &value)
+void putKey(Lines &file, const QString &section, const QString &key, const QString &value)
 {
+    QList<Line> &lines = file.lines;
     const QString keyLine = key + QLatin1Char('=') + value;
     const auto body = sectionBody(lines, section);
     if (!body) {
-        lines << QLatin1Char('[') + section + QLatin1Char(']') << keyLine;
+        lines << file.made(QLatin1Char('[') + section + QLatin1Char(']')) << file.made(keyLine);
         return;
     }
     auto [begin, end] = *body;
     for (qsizetype i = begin; i < end; ++i) {
-        if (isKeyLine(lines[i], key)) {
-            lines[i] = keyLine;
+        if (isKeyLine(lines[i].text, key)) {
+            lines[i] = {keyLine, QByteArray(), lines[i].ending};
             return;
         }
     }
     // A new key goes after the section's last non-blank line.
     qsizetype at = end;
-    while (at > begin && lines[at - 1].trimmed().isEmpty())
+    while (at > begin && lines[at - 1].text.trimmed().isEmpty())
         --at;
-    lines.insert(at, keyLine);
+    if (at == lines.size() && lines.last().ending.isEmpty())
+        lines.last().ending = file.newline;
+    lines.insert(at, file.made(keyLine));
 }
 
 } // namespace
@@ -134,12 +166,12 @@ QString ReadProfileString(const QString &section, const QString &key,
     const auto file = readLines(ProfilePath(fileName));
     if (!file)
         return defaultValue;
-    const auto body = sectionBody(file->lines, section);
+    const auto body = sectionBody(file->lines, section.trimmed());
     if (!body)
         return defaultValue;
     for (qsizetype i = body->first; i < body->second; ++i) {
-        const QString &line = file->lines[i];
-        if (isKeyLine(line, key))
+        const QString &line = file->lines[i].text;
+        if (isKeyLine(line, key.trimmed()))
             return unquoted(line.mid(line.indexOf(QLatin1Char('=')) + 1).trimmed());
     }
     return defaultValue;
@@ -148,13 +180,15 @@ QString ReadProfileString(const QString &section, const QString &key,
 bool ProfileSectionExists(const QString &section, const QString &fileName)
 {
     const auto file = readLines(ProfilePath(fileName));
-    return file && sectionBody(file->lines, section).has_value();
+    return file && sectionBody(file->lines, section.trimmed()).has_value();
 }
 
-bool WriteProfileString(const QString &section, const QString &key, const QString &value,
+bool WriteProfileString(const QString &sectionText, const QString &keyText, const QString &value,
                         const QString &fileName)
 {
     const QString path = ProfilePath(fileName);
+    const QString section = sectionText.trimmed();
+    const QString key = keyText.trimmed();
     if (!writable(section, key, value))
         return false;
     QDir().mkpath(QFileInfo(path).absolutePath());
@@ -166,12 +200,12 @@ bool WriteProfileString(const QString &section, const QString &key, const QStrin
     auto file = readLines(path);
     if (!file)
         return false;
-    putKey(file->lines, section, key, value);
+    putKey(*file, section, key, value);
 
     QSaveFile out(path);
     if (!out.open(QIODevice::WriteOnly))
         return false;
-    out.write((file->lines.join(file->newline) + file->newline).toUtf8());
+    out.write(fileBytes(*file));
     return out.commit();
 }
 

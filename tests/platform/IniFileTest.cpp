@@ -50,7 +50,8 @@ TEST_F(IniFileTest, RefusesWhatWouldBreakTheFileAndReplacesItWhole)
 {
     writeFile(path, "[A]\nk=old\n");
     for (const auto &[section, key, value] : {std::tuple{u"A"_s, u"k"_s, u"1\n[B]"_s}, {u"A]"_s, u"k"_s, u"1"_s},
-                                              {u"A"_s, u"k=j"_s, u"1"_s}, {u""_s, u"k"_s, u"1"_s}})
+                                              {u"A"_s, u"k=j"_s, u"1"_s}, {u""_s, u"k"_s, u"1"_s},
+                                              {u"A"_s, u"[Other]"_s, u"9"_s}, {u"A"_s, u"[]"_s, u"9"_s}})
         EXPECT_FALSE(write(section, key, value)) << section.toStdString() << key.toStdString();
     const QString link = dir.filePath(u"link.ini"_s);
     ASSERT_EQ(::link(QFile::encodeName(path).constData(), QFile::encodeName(link).constData()), 0);
@@ -59,6 +60,17 @@ TEST_F(IniFileTest, RefusesWhatWouldBreakTheFileAndReplacesItWhole)
     EXPECT_EQ(readFile(path), "[A]\nk=new\n");
     EXPECT_EQ(QDir(dir.path()).entryList(QDir::Files).size(), 2);   // no temporary or lock left
     EXPECT_FALSE(WriteProfileString(u"A"_s, u"k"_s, u"v"_s, dir.path()));
+}
+
+TEST_F(IniFileTest, EachLineKeepsItsBytesAndItsEndingAndBlanksAroundNamesDoNotCount)
+{
+    writeFile(path, "; caf\xe9\r\n[A]\nq=1\r[B]\r\nr=2");
+    EXPECT_EQ(read(u"a"_s, u"q"_s) + read(u"B"_s, u"r"_s), "12");
+    for (const QString &section : {u" A "_s, u"\vA\f"_s})
+        EXPECT_TRUE(write(section, u" n\t"_s, u"3"_s));
+    EXPECT_TRUE(write(u"B"_s, u"s"_s, u"4"_s));
+    EXPECT_EQ(readFile(path), "; caf\xe9\r\n[A]\nq=1\rn=3\r\n[B]\r\nr=2\r\ns=4\r\n");
+    EXPECT_EQ(read(u"\tA"_s, u"N "_s), "3");
 }
 
 TEST_F(IniFileTest, TwoWritersAtOnceKeepEachOthersKeys)
