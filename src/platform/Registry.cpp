@@ -40,10 +40,12 @@ qint32 RegQueryValue(qint32 root, const QString &path, const QString &name, qint
                                  : FileQueryValue(root, path, name, found);
     if (status != RegSuccess)
         return status;
-    // Text is handed over with its terminating zero, which needs room as well.
+    // Text is handed over with its terminating zero, which needs room as well,
+    // and takes a byte a character, as in the 8-bit code page it was kept in.
     if (isText(found.type) && !found.data.endsWith('\0'))
         found.data.append('\0');
-    if (found.data.size() > bufferSize)
+    const qsizetype size = isText(found.type) ? QString::fromUtf8(found.data).size() : found.data.size();
+    if (size > bufferSize)
         return RegMoreData;
     value = found;
     return RegSuccess;

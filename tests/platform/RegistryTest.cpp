@@ -59,9 +59,9 @@ TEST_F(RegistryTest, TextsRoundTripWithoutRegardToCase)
     EXPECT_EQ(write(u"LASTDB"_s, u"b"_s), 0);
     EXPECT_EQ(read(u"LastDb"_s), "b");
     EXPECT_EQ(read(u"LastDb"_s, Key, HK_LOCAL_MACHINE), "<untouched>");   // roots apart
-    write(u"fits"_s, QString(1023, u'a'));   // a text must fit 1024 bytes with its terminating zero
+    write(u"fits"_s, QString(1023, u'ế'));   // 1024 characters with the terminating zero, a byte each
     write(u"long"_s, QString(1024, u'a'));
-    EXPECT_EQ(read(u"fits"_s).size(), 1023);
+    EXPECT_EQ(read(u"fits"_s), QString(1023, u'ế'));
     EXPECT_EQ(read(u"long"_s), "<untouched>");
 }
 
