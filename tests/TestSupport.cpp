@@ -74,6 +74,11 @@ QVariant TempDatabase::scalar(const QString &sql) const
     return query.value(0);
 }
 
+int trials(int few, int many)
+{
+    return qEnvironmentVariableIsSet("ZOLT_LONG_TRIALS") ? many : few;
+}
+
 qint32 errorNumberOf(const std::function<void()> &f)
 {
     try {

@@ -43,6 +43,10 @@ private:
     QString m_name;
 };
 
+// How many generated trials a test runs: few by default, many when
+// ZOLT_LONG_TRIALS is set (for a run of its own, not for CI).
+int trials(int few, int many);
+
 // The number of the zolt::Error that f raises; 0 when it raises none.
 qint32 errorNumberOf(const std::function<void()> &f);
 

@@ -9,6 +9,7 @@
 
 #include <QDir>
 #include <QDirIterator>
+#include <QHash>
 #include <QElapsedTimer>
 #include <QRandomGenerator>
 #include <QThread>
@@ -83,6 +84,31 @@ TEST_F(RegistryTest, EveryKeyNameStaysInsideTheStoreAndIsAKeyOfItsOwn)
     }
 }
 
+TEST_F(RegistryTest, RandomKeyPathsStayInsideTheStoreAndKeepTheirOwnValues)
+{
+    const QString pieces[] = {u"."_s, u".."_s, u"/"_s, QString(1, QChar(0)), u"\x07"_s, u"%2E"_s, u"Σ"_s, u"ς"_s,
+                              u"values"_s, u".lock"_s, u"a"_s, u"A"_s, u" "_s, u"ế"_s};
+    QHash<QString, QString> expected;   // by the key as the store compares it
+    auto *random = QRandomGenerator::global();
+    for (int i = 0, n = test::trials(300, 3000); i < n; ++i) {
+        QStringList parts = {u"Software"_s};
+        for (int depth = 1 + int(random->bounded(3)); depth > 0; --depth) {
+            QString part;
+            for (int length = 1 + int(random->bounded(3)); length > 0; --length)
+                part += pieces[random->bounded(int(std::size(pieces)))];
+            parts << part;
+        }
+        const QString key = parts.join(u'\\');
+        ASSERT_EQ(write(u"v"_s, QString::number(i), key), 0) << key.toStdString();
+        expected[key.toCaseFolded()] = QString::number(i);
+    }
+    for (auto it = expected.cbegin(); it != expected.cend(); ++it)
+        EXPECT_EQ(read(u"v"_s, it.key()), it.value()) << it.key().toStdString();
+    QDirIterator files(dir.path(), QDir::Files | QDir::Hidden | QDir::System, QDirIterator::Subdirectories);
+    while (files.hasNext())
+        EXPECT_TRUE(files.next().startsWith(dir.filePath(u"user/HKEY_CURRENT_USER/software/"_s)));
+}
+
 TEST_F(RegistryTest, NumbersReadAsSignedDecimalTextOtherTypesNot)
 {
     RegCreateKey(HK_CURRENT_USER, Key);
@@ -122,7 +148,7 @@ TEST_F(RegistryTest, ARootThatMayNotBeWrittenRefusesAndKeepsItsValues)
 
 TEST_F(RegistryTest, AKilledWriterLeavesTheOldValueOrTheNewOne)
 {
-    for (int round = 0; round < 4; ++round) {
+    for (int round = 0, rounds = test::trials(4, 200); round < rounds; ++round) {
         auto writer = test::startWriter({u"loop"_s, User, Key, u"big"_s, u"1000"_s});
         QThread::msleep(40 + QRandomGenerator::global()->bounded(200));
         ::kill(pid_t(writer->processId()), SIGKILL);
@@ -164,7 +190,7 @@ TEST_F(RegistryTest, DataSourcesSurviveKilledAndConcurrentRegistrations)
 {
     registry.Create_DSN(u"Keep"_s, u"giữ"_s, u"SalesDb"_s, u"srv01"_s, u"SQL Server"_s);
     const auto kept = [this] { return read(u"Server"_s, OdbcIni + u"Keep"_s, HK_LOCAL_MACHINE) == u"srv01"_s; };
-    for (int round = 0; round < 4; ++round) {
+    for (int round = 0, rounds = test::trials(4, 200); round < rounds; ++round) {
         auto writer = test::startWriter({u"dsn"_s, u"K%1x"_s.arg(round), u"200"_s});
         QThread::msleep(20 + QRandomGenerator::global()->bounded(100));
         ::kill(pid_t(writer->processId()), SIGKILL);
