@@ -31,6 +31,12 @@ struct Lines {
 
     // A line made by the library.
     Line made(const QString &text) const { return {text, QByteArray(), newline}; }
+    // Lines are about to follow the last one: it ends as the file's lines do.
+    void endLastLine()
+    {
+        if (!lines.isEmpty() && lines.last().ending.isEmpty())
+            lines.last().ending = newline;
+    }
 };
 
 std::optional<Lines> readLines(const QString &path)
@@ -57,12 +63,10 @@ std::optional<Lines> readLines(const QString &path)
     return result;
 }
 
-QByteArray fileBytes(Lines file)
+QByteArray fileBytes(const Lines &file)
 {
     QByteArray data;
-    if (!file.lines.isEmpty() && file.lines.last().ending.isEmpty())
-        file.lines.last().ending = file.newline;   // lines follow it now
-    for (const Line &line : std::as_const(file.lines))
+    for (const Line &line : file.lines)
         data += (line.bytes.isNull() ? line.text.toUtf8() : line.bytes) + line.ending;
     return data;
 }
@@ -131,6 +135,7 @@ void putKey(Lines &file, const QString &section, const QString &key, const QStri
     const QString keyLine = key + QLatin1Char('=') + value;
     const auto body = sectionBody(lines, section);
     if (!body) {
+        file.endLastLine();
         lines << file.made(QLatin1Char('[') + section + QLatin1Char(']')) << file.made(keyLine);
         return;
     }
@@ -145,8 +150,8 @@ void putKey(Lines &file, const QString &section, const QString &key, const QStri
     qsizetype at = end;
     while (at > begin && lines[at - 1].text.trimmed().isEmpty())
         --at;
-    if (at == lines.size() && lines.last().ending.isEmpty())
-        lines.last().ending = file.newline;
+    if (at == lines.size())
+        file.endLastLine();
     lines.insert(at, file.made(keyLine));
 }
 

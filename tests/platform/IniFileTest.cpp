@@ -71,6 +71,9 @@ TEST_F(IniFileTest, EachLineKeepsItsBytesAndItsEndingAndBlanksAroundNamesDoNotCo
     EXPECT_TRUE(write(u"B"_s, u"s"_s, u"4"_s));
     EXPECT_EQ(readFile(path), "; caf\xe9\r\n[A]\nq=1\rn=3\r\n[B]\r\nr=2\r\ns=4\r\n");
     EXPECT_EQ(read(u"\tA"_s, u"N "_s), "3");
+    writeFile(path, "[A]\nq=1");   // a last line without its ending gets one before a new section
+    EXPECT_TRUE(write(u"C"_s, u"k"_s, u"5"_s));
+    EXPECT_EQ(readFile(path), "[A]\nq=1\n[C]\nk=5\n");
 }
 
 TEST_F(IniFileTest, TwoWritersAtOnceKeepEachOthersKeys)

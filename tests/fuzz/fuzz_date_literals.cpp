@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+// The rewrite of #date# literals: quoted text comes out as it went in, and
+// text without a "#" is not touched at all.
+#include "FuzzInput.h"
+
+#include "data/Database.h"
+
+using namespace zolt;
+
+namespace {
+
+// The quoted texts of a statement, in order.
+QStringList quoted(const QString &sql)
+{
+    QStringList found;
+    for (qsizetype i = 0; i < sql.size(); ++i) {
+        const QChar q = sql[i];
+        if (q != u'\'' && q != u'"')
+            continue;
+        qsizetype end = i + 1;
+        while (end < sql.size() && !(sql[end] == q && !(end + 1 < sql.size() && sql[end + 1] == q)))
+            end += sql[end] == q ? 2 : 1;
+        found << sql.mid(i, end - i + 1);
+        i = end;
+    }
+    return found;
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+{
+    const QString sql = fuzz::texts(data, size, 1).first();
+    const QString rewritten = RewriteDateLiterals(sql);
+    if (!sql.contains(u'#'))
+        fuzz::check(rewritten == sql, "text without a date literal changed");
+    const QStringList before = quoted(sql);
+    const QStringList after = quoted(rewritten);
+    for (const QString &text : before)
+        fuzz::check(after.contains(text), "quoted text changed");
+    return 0;
+}
