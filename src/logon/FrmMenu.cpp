@@ -12,10 +12,10 @@
 
 #include <zolt/Error.h>
 
+#include <QAbstractTableModel>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPushButton>
-#include <QAbstractTableModel>
 #include <QTreeView>
 #include <QVBoxLayout>
 

@@ -11,7 +11,6 @@ class QTreeView;
 
 namespace zolt {
 
-class Recordset;
 class UserRows;
 
 class FrmMenu : public QDialog {
