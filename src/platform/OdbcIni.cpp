@@ -57,8 +57,6 @@ std::optional<QString> OdbcIniSubkey(qint32 root, const QString &path)
 {
     if (root != HK_LOCAL_MACHINE && root != HK_CURRENT_USER)
         return std::nullopt;
-    if (path.compare(OdbcIniPath, Qt::CaseInsensitive) == 0)
-        return QString();
     if (!path.startsWith(OdbcIniPath + QLatin1Char('\\'), Qt::CaseInsensitive))
         return std::nullopt;
     return path.mid(OdbcIniPath.size() + 1);
@@ -66,7 +64,7 @@ std::optional<QString> OdbcIniSubkey(qint32 root, const QString &path)
 
 qint32 OdbcOpenKey(qint32 root, const QString &subkey)
 {
-    if (subkey.isEmpty() || subkey.compare(DataSources, Qt::CaseInsensitive) == 0)
+    if (subkey.compare(DataSources, Qt::CaseInsensitive) == 0)
         return RegSuccess;
     return ProfileSectionExists(entryOf(subkey, QString()).section, iniPath(root)) ? RegSuccess : RegNotFound;
 }
@@ -83,8 +81,6 @@ qint32 OdbcQueryValue(qint32 root, const QString &subkey, const QString &name, R
 
 qint32 OdbcSetValue(qint32 root, const QString &subkey, const QString &name, const QString &text)
 {
-    if (subkey.isEmpty())
-        return RegAccessDenied;   // ODBC.INI itself holds data sources, not values
     if (!OdbcPlainText(subkey, true) || !OdbcPlainText(name, true))
         return RegBadPathname;
     if (!OdbcPlainText(text, false))

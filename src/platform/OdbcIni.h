@@ -17,7 +17,8 @@
 namespace zolt {
 
 // The part of path below SOFTWARE\ODBC\ODBC.INI when root and path lie in
-// unixODBC's keeping ("" for ODBC.INI itself); nothing otherwise.
+// unixODBC's keeping; nothing otherwise. The ODBC.INI key itself is an
+// ordinary key of the registry store.
 std::optional<QString> OdbcIniSubkey(qint32 root, const QString &path);
 
 // True when text may stand in unixODBC's files as it is: no line break or

@@ -225,6 +225,8 @@ TEST_F(RegistryTest, DataSourcesAreUnixOdbcs)
     EXPECT_EQ(read(u"DriverId"_s, OdbcIni + u"SoKho"_s, HK_LOCAL_MACHINE), "790");
     EXPECT_EQ(read(u"Threads"_s, OdbcIni + u"SoKho\\Engines\\Excel"_s, HK_LOCAL_MACHINE), "3");
     EXPECT_EQ(write(u"Server"_s, u"may-ban"_s, OdbcIni + u"Rieng"_s), 0);   // a user's own data source
+    EXPECT_EQ(write(u"Ghi chú"_s, u"1"_s, OdbcIni.chopped(1)), 0);             // the key itself: an ordinary key
+    EXPECT_EQ(read(u"Ghi chú"_s, OdbcIni.chopped(1)), "1");
     // Text that would make or change another data source is refused whole.
     registry.Create_DSN(u"Moi"_s, u"x\n[Evil]\nDriver=/tmp/evil.so"_s, u"SalesDb"_s, u"srv01"_s, u"SQL Server"_s);
     registry.Create_DSN(u"Evil]\n[Moi2"_s, u"x"_s, u"SalesDb"_s, u"srv01"_s, u"SQL Server"_s);
