@@ -142,6 +142,8 @@ void FrmFind::ReadData()
         data << CmbFld[0]->ItemData(k);
     }
     for (int i = 1; i < Rows; ++i) {
+        cmbLg[i]->Clear();   // a second load starts afresh too
+        CmbFld[i]->Clear();
         cmbLg[i]->AppendItems({QStringLiteral("và"), QStringLiteral("hoặc")}, {QStringLiteral("and"), QStringLiteral("or")});
         cmbLg[i]->SetListIndex(0);
         CmbFld[i]->AppendItems(texts, data);
