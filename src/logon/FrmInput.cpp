@@ -182,6 +182,7 @@ void FrmInput::updateUser(const QString &name)
 {
     const QString old = UserName;
     CheckQuotable(old);
+    // The old row is opened as it always was, though nothing reads it.
     hasUser(QStringLiteral("SELECT  *  FROM [User]  WHERE [Name]='") + old + QLatin1Char('\''));
     if (hasUser(QStringLiteral("Select  * From [User] Where [Name]='") + name + QStringLiteral("' And [Name] <> '")
                 + old + QLatin1Char('\'')))

@@ -2,10 +2,10 @@
 #include "logon/FrmLogon.h"
 
 #include "data/Conversions.h"
-#include "data/Database.h"
 #include "data/General.h"
 #include "data/KeyPreview.h"
 #include "logon/MdlLogon.h"
+#include "logon/QuoteGuard.h"
 #include "msgbox/MdlMsg.h"
 #include "search/MFind.h"
 
@@ -33,24 +33,16 @@ FrmLogon::FrmLogon(QWidget *parent)
     setWindowTitle(QStringLiteral("Login"));
     setFont(QFont(QStringLiteral("VK Sans Serif")));
 
-    Label1 = new QLabel(QStringLiteral("Người sử dụng"), this);
-    Label1->setObjectName(QStringLiteral("Label1"));
-    Txtuser = new QLineEdit(this);
-    Txtuser->setObjectName(QStringLiteral("Txtuser"));
-    Label2 = new QLabel(QStringLiteral("Mật khẩu"), this);
-    Label2->setObjectName(QStringLiteral("Label2"));
-    TxtPass = new QLineEdit(this);
-    TxtPass->setObjectName(QStringLiteral("TxtPass"));
+    Label1 = Named(new QLabel(QStringLiteral("Người sử dụng"), this), "Label1");
+    Txtuser = Named(new QLineEdit(this), "Txtuser");
+    Label2 = Named(new QLabel(QStringLiteral("Mật khẩu"), this), "Label2");
+    TxtPass = Named(new QLineEdit(this), "TxtPass");
     SetPasswordChar(TxtPass);
-    CmdOk = new QPushButton(QStringLiteral("Đồng ý"), this);
-    CmdOk->setObjectName(QStringLiteral("CmdOk"));
+    CmdOk = Named(new QPushButton(QStringLiteral("Đồng ý"), this), "CmdOk");
     CmdOk->setToolTip(QStringLiteral("Click here to Logon!"));
-    CmdCan = new QPushButton(QStringLiteral("Thoát"), this);
-    CmdCan->setObjectName(QStringLiteral("CmdCan"));
-    CmdHelp = new QPushButton(QStringLiteral("Hướng dẫn"), this);
-    CmdHelp->setObjectName(QStringLiteral("CmdHelp"));
-    Image1 = new QLabel(this);
-    Image1->setObjectName(QStringLiteral("Image1"));
+    CmdCan = Named(new QPushButton(QStringLiteral("Thoát"), this), "CmdCan");
+    CmdHelp = Named(new QPushButton(QStringLiteral("Hướng dẫn"), this), "CmdHelp");
+    Image1 = Named(new QLabel(this), "Image1");
     Image1->setPixmap(QPixmap(QStringLiteral(":/zolt/logon.png")));
     Image1->setAlignment(Qt::AlignTop | Qt::AlignHCenter);
 
@@ -93,8 +85,7 @@ void FrmLogon::CmdOk_Click()
     try {
         // A quote in the name would end its literal: such a name is refused
         // before the database sees it, as a statement that failed would be.
-        if (BreaksQuotedLiteral(CurrentConnection(), user))
-            throw Error(Error::DatabaseFailure);
+        CheckQuotable(user);
         const QString sql = QStringLiteral("SELECT  *  FROM [User] WHERE ([Name]='") + user
                             + QStringLiteral("') And ( [Password]=")
                             + DoubleToText(EncodePassword(Trim(TxtPass->text()))) + QLatin1Char(')');
