@@ -30,4 +30,9 @@ QColor OleColorToQColor(qint32 color, const QPalette &palette)
     return QColor(int(bits & 0xFFu), int((bits >> 8) & 0xFFu), int((bits >> 16) & 0xFFu));
 }
 
+qint32 QColorToOleColor(const QColor &color)
+{
+    return qint32(quint32(color.red()) | quint32(color.green()) << 8 | quint32(color.blue()) << 16);
+}
+
 } // namespace zolt

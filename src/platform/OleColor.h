@@ -16,4 +16,7 @@ constexpr qint32 SystemCaptionTextColor = qint32(0x80000009u);
 
 QColor OleColorToQColor(qint32 color, const QPalette &palette);
 
+// The fixed colour number of a colour.
+qint32 QColorToOleColor(const QColor &color);
+
 } // namespace zolt
