@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "MainWindow.h"
 
+#include "Pictures.h"
+
 #include <zolt/Enums.h>
 #include <zolt/MenuRights.h>
 #include <zolt/Tesmir.h>
 #include <zolt/clsLogon.h>
 
+#include <QActionGroup>
 #include <QCloseEvent>
 #include <QDate>
 #include <QHeaderView>
+#include <QLabel>
 #include <QMenuBar>
 #include <QSqlQuery>
 #include <QSqlError>
@@ -18,10 +22,37 @@
 #include <QStyledItemDelegate>
 #include <QTableView>
 
+#include <iterator>
+
 namespace {
 
 // The rows of Menu and SubMenu that stand for the library's administration.
 enum : int { SystemBar = 4, UsersItem = 9, GroupsItem = 10, PasswordItem = 11 };
+
+// The help and picture of each row of SubMenu, by its ID.
+struct ItemLook {
+    const char *help;
+    Picture picture;
+};
+const ItemLook SubMenuLooks[] = {
+    {"Thêm, sửa và xem danh mục hàng hoá", Goods},
+    {"Danh sách khách hàng và công nợ của từng khách", Person},
+    {"Danh sách nhà cung cấp hàng", People},
+    {"Lập phiếu nhập hàng vào kho", Document},
+    {"Lập phiếu xuất hàng khỏi kho", Document},
+    {"Lập hoá đơn bán hàng cho khách", Document},
+    {"Số lượng tồn của từng mặt hàng", Chart},
+    {"Doanh thu bán hàng của từng ngày", Chart},
+    {"Thêm, sửa, xoá người sử dụng chương trình", Person},
+    {"Nhóm người sử dụng và quyền của nhóm trên từng thực đơn", People},
+    {"Đổi mật khẩu đăng nhập của bạn", Key},
+};
+
+void setLook(QAction *action, const QString &help, Picture picture)
+{
+    action->setStatusTip(help);
+    action->setProperty("iButton", int(picture));
+}
 
 // Prices as a Vietnamese clerk reads them: "125.000".
 class PriceDelegate : public QStyledItemDelegate {
@@ -67,6 +98,8 @@ MainWindow::MainWindow(const QSqlDatabase &db, qint32 userCode, zolt::clsLogon &
 
     m_user = scalar(db, QStringLiteral("SELECT [Name] FROM [User] WHERE Code = ?"), userCode).toString();
     m_goods = new QSqlQueryModel(this);
+    m_summary = new QLabel(this);
+    statusBar()->addPermanentWidget(m_summary);
     showGoods(QString());
     const QStringList headers = {QStringLiteral("Mã hàng"), QStringLiteral("Tên hàng"),
                                  QStringLiteral("Đơn vị"), QStringLiteral("Giá bán"),
@@ -88,7 +121,21 @@ MainWindow::MainWindow(const QSqlDatabase &db, qint32 userCode, zolt::clsLogon &
     const qint32 group = scalar(db, QStringLiteral("SELECT IdGroup FROM [User] WHERE Code = ?"), userCode).toInt();
     addRightsMenus(group);
     addSearchMenu();
+    addLookMenu();
     resize(820, 520);
+
+    // The library draws the menus and tells the help of the highlighted item;
+    // an item without help leaves the last help in the status bar.
+    m_coolMenu.Install(this, &m_help, demoPictures());
+    connect(&m_help, &zolt::HelpCallBack::MenuHelp, this, [this](const QString &, const QString &help, bool) {
+        if (!help.isEmpty())
+            statusBar()->showMessage(help);
+    });
+}
+
+MainWindow::~MainWindow()
+{
+    m_coolMenu.Uninstall(this);
 }
 
 // The goods that meet the condition (all of them for ""), and their count.
@@ -104,17 +151,16 @@ void MainWindow::showGoods(const QString &condition)
     m_goods->setQuery(QStringLiteral("SELECT MaHang, TenHang, DonVi, GiaBan, NgayNhap FROM Hang") + where
                           + QStringLiteral(" ORDER BY MaHang"),
                       m_db);
-    QString status = QStringLiteral("Người sử dụng: %1   —   %2 mặt hàng")
-                         .arg(m_user, zolt::Tesmir().CvNStr(count.value(0).toString()));
-    if (!condition.isEmpty())
-        status += QStringLiteral("   —   lọc theo ") + condition;
-    statusBar()->showMessage(status);
+    m_summary->setText(QStringLiteral("Người sử dụng: %1   —   %2 mặt hàng")
+                           .arg(m_user, zolt::Tesmir().CvNStr(count.value(0).toString())));
+    statusBar()->showMessage(condition.isEmpty() ? QString() : QStringLiteral("Lọc theo ") + condition);
 }
 
 // The search wizard on the goods, open to every user.
 void MainWindow::addSearchMenu()
 {
     QMenu *search = menuBar()->addMenu(QStringLiteral("&Tìm kiếm"));
+    search->setObjectName(QStringLiteral("menuSearch"));
     QAction *find = search->addAction(QStringLiteral("&Tìm hàng hoá..."), this, [this] {
         const QString condition = zolt::Tesmir().FindShow(m_db, QStringLiteral("Hang"));
         if (!condition.isEmpty())
@@ -122,7 +168,9 @@ void MainWindow::addSearchMenu()
     });
     find->setObjectName(QStringLiteral("actionFind"));
     find->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F));
-    search->addAction(QStringLiteral("&Bỏ lọc"), this, [this] { showGoods(QString()); });
+    setLook(find, QStringLiteral("Lọc danh mục hàng theo tối đa bốn điều kiện"), Find);
+    QAction *all = search->addAction(QStringLiteral("&Bỏ lọc"), this, [this] { showGoods(QString()); });
+    setLook(all, QStringLiteral("Hiện lại toàn bộ danh mục hàng"), Filter);
 }
 
 // One menu per row of Menu; a sub-menu is enabled when its bit is set in the
@@ -138,6 +186,7 @@ void MainWindow::addRightsMenus(qint32 group)
     QSqlQuery bars(QStringLiteral("SELECT ID, [Desc] FROM Menu ORDER BY ID"), m_db);
     for (int bar = 0; bars.next(); ++bar) {
         QMenu *menu = menuBar()->addMenu(QLatin1Char('&') + bars.value(1).toString());
+        menu->setObjectName(QStringLiteral("menu%1").arg(bars.value(0).toInt()));
         const QVariant mask = hasRights ? rights.value(3 + bar) : QVariant();
         QSqlQuery items(m_db);
         items.prepare(QStringLiteral("SELECT ID, [Desc] FROM SubMenu WHERE IdMenuBar = ? ORDER BY ID"));
@@ -145,7 +194,10 @@ void MainWindow::addRightsMenus(qint32 group)
         items.exec();
         for (int bit = 0; items.next(); ++bit) {
             QAction *action = menu->addAction(items.value(1).toString());
-            connectSubMenu(action, items.value(0).toInt());
+            const int id = items.value(0).toInt();
+            if (id >= 1 && id <= int(std::size(SubMenuLooks)))
+                setLook(action, QString::fromUtf8(SubMenuLooks[id - 1].help), SubMenuLooks[id - 1].picture);
+            connectSubMenu(action, id);
             action->setEnabled(zolt::GetBit(mask, bit) == 1);
         }
         if (bars.value(0).toInt() == SystemBar)
@@ -185,9 +237,47 @@ void MainWindow::addSystemItems(QMenu *system)
         close();
     });
     again->setObjectName(QStringLiteral("actionLogonAgain"));
+    setLook(again, QStringLiteral("Đóng cửa sổ này và đăng nhập với tên khác"), Again);
     QAction *quit = system->addAction(QStringLiteral("&Thoát"), this, &QWidget::close);
     quit->setObjectName(QStringLiteral("actionQuit"));
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
+    setLook(quit, QStringLiteral("Thoát khỏi chương trình"), Quit);
+}
+
+// The menus' look, switched while the program runs.
+void MainWindow::addLookMenu()
+{
+    QMenu *look = menuBar()->addMenu(QStringLiteral("&Giao diện"));
+    look->setObjectName(QStringLiteral("menuLook"));
+    using Setting = bool (zolt::clsCoolMenu::*)(QWidget *, const std::optional<QVariant> &);
+    const struct {
+        const char *name, *caption, *help;
+        Setting setting;
+        bool on;
+    } switches[] = {
+        {"actionFullSelect", "Tô &cả dòng khi chọn", "Tô màu chọn trên cả dòng, hoặc chỉ sau tên mục", &zolt::clsCoolMenu::FullSelect, true},
+        {"actionComplexChecks", "Ô đánh dấu &nổi", "Vẽ dấu chọn trong ô lõm ba chiều", &zolt::clsCoolMenu::ComplexChecks, true},
+        {"actionColorEmbossed", "&Hình mờ nổi", "Hình của mục bị khoá vẽ nổi, hoặc xám", &zolt::clsCoolMenu::ColorEmbossed, true},
+        {"actionRightToLeft", "Từ &phải sang trái", "Thực đơn viết từ phải sang trái", &zolt::clsCoolMenu::RightToLeft, false},
+    };
+    for (const auto &item : switches) {
+        QAction *action = look->addAction(QString::fromUtf8(item.caption));
+        action->setObjectName(QLatin1String(item.name));
+        action->setStatusTip(QString::fromUtf8(item.help));
+        action->setCheckable(true);
+        action->setChecked(item.on);
+        connect(action, &QAction::toggled, this, [this, setting = item.setting](bool on) { (m_coolMenu.*setting)(this, on); });
+    }
+    look->addSeparator();
+    auto *sizes = new QActionGroup(look);
+    for (const int size : {8, 9, 10}) {
+        QAction *action = look->addAction(QStringLiteral("Chữ cỡ &%1").arg(size));
+        action->setStatusTip(QStringLiteral("Chữ của thực đơn cỡ %1 điểm").arg(size));
+        action->setCheckable(true);
+        action->setChecked(size == 8);
+        sizes->addAction(action);
+        connect(action, &QAction::triggered, this, [this, size] { m_coolMenu.FontSize(this, size); });
+    }
 }
 
 bool MainWindow::askToQuit()

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <zolt/HelpCallBack.h>
+#include <zolt/clsCoolMenu.h>
+
 #include <QMainWindow>
 #include <QSqlDatabase>
 
 class QAction;
+class QLabel;
 class QMenu;
 class QSqlQueryModel;
 
@@ -19,6 +23,7 @@ class MainWindow : public QMainWindow {
 
 public:
     MainWindow(const QSqlDatabase &db, qint32 userCode, zolt::clsLogon &logon);
+    ~MainWindow() override;
 
     // True when the user closed the window to log on again, maybe as someone else.
     bool logonAgain() const { return m_logonAgain; }
@@ -32,12 +37,16 @@ private:
     void addRightsMenus(qint32 group);
     void connectSubMenu(QAction *action, int id);
     void addSystemItems(QMenu *system);
+    void addLookMenu();
     bool askToQuit();
 
     QSqlDatabase m_db;
     zolt::clsLogon &m_logon;
     QString m_user;
     QSqlQueryModel *m_goods;
+    QLabel *m_summary;
+    zolt::clsCoolMenu m_coolMenu;
+    zolt::HelpCallBack m_help;
     bool m_quitConfirmed = false;
     bool m_logonAgain = false;
 };

@@ -4,6 +4,9 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPainter>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListWidget>
@@ -59,8 +62,24 @@ Tour::Tour(const QString &folder)
              clickLater(pick, "CmdSel");
          }},
         {QStringLiteral("FrmFind"), QStringLiteral("06-search-three-rows"), click("CmdOK")},
-        {QStringLiteral("MainWindow"), QStringLiteral("07-goods-filtered"), trigger("actionUsers")},
-        {QStringLiteral("FrmMenu"), QStringLiteral("08-user-list"), click("CmdAdd")},
+        {QStringLiteral("MainWindow"), QStringLiteral("07-goods-filtered"), [](QWidget *main) { openMenu(main, "menu1", 0); }},
+        {QStringLiteral("MainWindow"), QStringLiteral("08-menu"), [](QWidget *main) {
+             toggle(main, "actionFullSelect");
+             openMenu(main, "menu1", 0);
+         }},
+        {QStringLiteral("MainWindow"), QStringLiteral("09-menu-text-selection"), [](QWidget *main) {
+             toggle(main, "actionFullSelect");
+             openMenu(main, "menuLook", 1);
+         }},
+        {QStringLiteral("MainWindow"), QStringLiteral("10-menu-look"), [](QWidget *main) {
+             toggle(main, "actionRightToLeft");
+             openMenu(main, "menuLook", 3);
+         }},
+        {QStringLiteral("MainWindow"), QStringLiteral("11-menu-right-to-left"), [](QWidget *main) {
+             toggle(main, "actionRightToLeft");
+             triggerLater(main, "actionUsers");
+         }},
+        {QStringLiteral("FrmMenu"), QStringLiteral("12-user-list"), click("CmdAdd")},
         {QStringLiteral("FrmInput"), QString(), [](QWidget *editor) {
              typeInto(editor, "Txtuser", QStringLiteral("thungan"));
              typeInto(editor, "TxtPass", QStringLiteral("123"));
@@ -68,27 +87,28 @@ Tour::Tour(const QString &folder)
              typeInto(editor, "TxtDes", QStringLiteral("Thu ngân quầy 1"));
              editor->findChild<QComboBox *>(QStringLiteral("TxtIdGroup"))->setCurrentIndex(1);
          }},
-        {QStringLiteral("FrmInput"), QStringLiteral("09-user-adding"), click("CMDOK")},
-        {QStringLiteral("FrmMenu"), QStringLiteral("10-user-added"), click("CmdExit")},
+        {QStringLiteral("FrmInput"), QStringLiteral("13-user-adding"), click("CMDOK")},
+        {QStringLiteral("FrmMenu"), QStringLiteral("14-user-added"), click("CmdExit")},
         {QStringLiteral("MainWindow"), QString(), trigger("actionGroups")},
         {QStringLiteral("FmGrp"), QString(), click("CmdAdd")},
-        {QStringLiteral("FmGrp"), QStringLiteral("11-groups-adding"), click("CmdAdd")},
-        {QStringLiteral("FmGrp"), QStringLiteral("12-groups"), [](QWidget *groups) {
+        {QStringLiteral("FmGrp"), QStringLiteral("15-groups-adding"), click("CmdAdd")},
+        {QStringLiteral("FmGrp"), QStringLiteral("16-groups"), [](QWidget *groups) {
              groups->findChild<QListWidget *>(QStringLiteral("Lv1"))->setCurrentRow(1);
              clickLater(groups, "CmdPms");
          }},
         {QStringLiteral("FrPms"), QString(), [](QWidget *rights) {
              rights->findChild<QListWidget *>(QStringLiteral("LstMenuBar"))->setCurrentRow(1);
          }},
-        {QStringLiteral("FrPms"), QStringLiteral("13-menu-rights"), click("CmdOk")},
+        {QStringLiteral("FrPms"), QStringLiteral("17-menu-rights"), click("CmdOk")},
         {QStringLiteral("FmGrp"), QString(), click("CmdExit")},
         {QStringLiteral("MainWindow"), QString(), trigger("actionPassword")},
-        {QStringLiteral("FrmInput"), QStringLiteral("14-own-password"), click("CMDCAN")},
+        {QStringLiteral("FrmInput"), QStringLiteral("18-own-password"), click("CMDCAN")},
         {QStringLiteral("MainWindow"), QString(), trigger("actionLogonAgain")},
         {QStringLiteral("FrmLogon"), QString(), logOn(QStringLiteral("thungan"), QStringLiteral("123"))},
         {QStringLiteral("FrmLogon"), QString(), click("CmdOk")},
-        {QStringLiteral("MainWindow"), QStringLiteral("15-main-window-clerk"), trigger("actionQuit")},
-        {QStringLiteral("MessageBox"), QStringLiteral("16-message-box"), click("Cmd1")},
+        {QStringLiteral("MainWindow"), QStringLiteral("19-main-window-clerk"), [](QWidget *main) { openMenu(main, "menu1", 1); }},
+        {QStringLiteral("MainWindow"), QStringLiteral("20-menu-disabled"), trigger("actionQuit")},
+        {QStringLiteral("MessageBox"), QStringLiteral("21-message-box"), click("Cmd1")},
     };
     connect(&m_timer, &QTimer::timeout, this, &Tour::poll);
 }
@@ -133,7 +153,7 @@ void Tour::poll()
     m_clock.restart();
     if (!step.picture.isEmpty()) {
         const QString file = m_folder.filePath(step.picture + QStringLiteral(".png"));
-        window->grab().save(file);
+        picture(window).save(file);
         std::printf("tour: %s\n", qPrintable(file));
     }
     step.act(window);
@@ -182,4 +202,43 @@ void Tour::clickLater(QWidget *window, const char *button)
 {
     QMetaObject::invokeMethod(window->findChild<QPushButton *>(QLatin1String(button)),
                               &QPushButton::click, Qt::QueuedConnection);
+}
+
+// Opens a menu of the window's menu bar with the mouse and highlights one of
+// its items as the keyboard would; whatever menu was open closes first.
+void Tour::openMenu(QWidget *window, const char *menu, int item)
+{
+    auto *popup = window->findChild<QMenu *>(QLatin1String(menu));
+    window->findChild<QMenuBar *>()->setActiveAction(popup->menuAction());
+    popup->setActiveAction(popup->actions().at(item));
+}
+
+// Triggers a checkable item of a menu and closes the open menus.
+void Tour::toggle(QWidget *window, const char *action)
+{
+    while (QWidget *popup = QApplication::activePopupWidget())
+        popup->close();
+    window->findChild<QAction *>(QLatin1String(action))->trigger();
+}
+
+// The window as a user sees it: with the menus open over it.
+QPixmap Tour::picture(QWidget *window)
+{
+    QList<QWidget *> menus;
+    QRect area = window->frameGeometry();
+    for (QWidget *top : QApplication::topLevelWidgets()) {
+        if (top->isVisible() && qobject_cast<QMenu *>(top)) {
+            menus << top;
+            area |= top->geometry();
+        }
+    }
+    if (menus.isEmpty())
+        return window->grab();
+    QPixmap canvas(area.size());
+    canvas.fill(Qt::white);
+    QPainter painter(&canvas);
+    painter.drawPixmap(window->geometry().topLeft() - area.topLeft(), window->grab());
+    for (QWidget *menu : menus)
+        painter.drawPixmap(menu->geometry().topLeft() - area.topLeft(), menu->grab());
+    return canvas;
 }

@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QElapsedTimer>
+#include <QPixmap>
 #include <QList>
 #include <QObject>
 #include <QTimer>
@@ -34,6 +35,9 @@ private:
     static void triggerLater(QWidget *window, const char *action);
     static void choose(QWidget *window, const char *combo, int index);
     static void clickCurrentRow(QWidget *window, const char *list);
+    static void openMenu(QWidget *window, const char *menu, int item);
+    static void toggle(QWidget *window, const char *action);
+    static QPixmap picture(QWidget *window);
 
     QDir m_folder;
     QList<Step> m_steps;

@@ -21,19 +21,26 @@ namespace {
 
 // An item, left to right before mirroring: margin, check column (in menus
 // with checkable items), picture column, caption, shortcut, submenu arrow.
-constexpr int Margin = 2;
-constexpr int CheckColumn = 20;
+constexpr int Margin = 3;
+constexpr int CheckColumn = 22;
 constexpr int PictureSize = 16;
 constexpr int PictureColumn = PictureSize + 8;
 constexpr int TextGap = 6;
 constexpr int ShortcutGap = 24;
-constexpr int ArrowColumn = 16;
+constexpr int ArrowColumn = 20;
+constexpr int MenuVMargin = 2;   // above the first item and below the last
 constexpr int SeparatorHeight = 9;
 
 // Text that reads well on a background of that colour.
 QColor InkOn(const QColor &background)
 {
     return qGray(background.rgb()) < 150 ? QColor(Qt::white) : QColor(Qt::black);
+}
+
+// Halfway between two colours: a disabled item's text on the selection.
+QColor Blend(const QColor &a, const QColor &b)
+{
+    return QColor((a.red() + b.red()) / 2, (a.green() + b.green()) / 2, (a.blue() + b.blue()) / 2);
 }
 
 // The picture's shape in one colour, at the picture's own pixel ratio.
@@ -48,6 +55,12 @@ QImage Silhouette(const QPixmap &picture, const QColor &colour)
     painter.end();
     shape.setDevicePixelRatio(picture.devicePixelRatio());
     return shape;
+}
+
+// The width of a caption as drawn: "&" marks the mnemonic, a "\t" part is the shortcut's.
+int CaptionWidth(const QFontMetrics &metrics, const QString &text)
+{
+    return metrics.boundingRect(QRect(), Qt::TextSingleLine | Qt::TextShowMnemonic, text.section(u'\t', 0, 0)).width();
 }
 
 QRect Centred(const QRect &area, int width, int height)
@@ -68,18 +81,19 @@ QSize CoolMenuStyle::sizeFromContents(ContentsType type, const QStyleOption *opt
 {
     const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
     if (type == CT_MenuItem && item && qobject_cast<const QMenu *>(widget))
-        return OnMeasureItem(*item);
+        return OnMeasureItem(*item, size);
     return QProxyStyle::sizeFromContents(type, option, size, widget);
 }
 
-// QMenu adds the widest shortcut to the widest item; the rest is measured here.
-QSize CoolMenuStyle::OnMeasureItem(const QStyleOptionMenuItem &item) const
+// QMenu measures the caption (in the menu's font, which is the window's) and
+// adds the widest shortcut to the widest item; the rest is measured here.
+QSize CoolMenuStyle::OnMeasureItem(const QStyleOptionMenuItem &item, const QSize &caption) const
 {
     if (item.menuItemType == QStyleOptionMenuItem::Separator)
         return QSize(PictureColumn, SeparatorHeight);
-    const QFontMetrics metrics(item.menuItemType == QStyleOptionMenuItem::DefaultItem ? m_wnd.MenuFontSep : m_wnd.MenuFont);
-    const QString caption = item.text.section(u'\t', 0, 0);
-    const int captionWidth = metrics.boundingRect(QRect(), Qt::TextSingleLine | Qt::TextShowMnemonic, caption).width();
+    const bool bold = item.menuItemType == QStyleOptionMenuItem::DefaultItem;
+    const QFontMetrics metrics(bold ? m_wnd.MenuFontSep : m_wnd.MenuFont);
+    const int captionWidth = bold ? CaptionWidth(metrics, item.text) : caption.width();
     const int width = Margin + (item.menuHasCheckableItems ? CheckColumn : 0) + PictureColumn + TextGap + captionWidth
         + (item.text.contains(u'\t') ? ShortcutGap : 0) + ArrowColumn + Margin;
     return QSize(width, qMax(metrics.height() + 8, PictureSize + 6));
@@ -98,6 +112,13 @@ void CoolMenuStyle::drawControl(ControlElement element, const QStyleOption *opti
     } else {
         QProxyStyle::drawControl(element, option, painter, widget);
     }
+}
+
+int CoolMenuStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const
+{
+    if (metric == PM_MenuVMargin && qobject_cast<const QMenu *>(widget))
+        return MenuVMargin;
+    return QProxyStyle::pixelMetric(metric, option, widget);
 }
 
 int CoolMenuStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
@@ -141,7 +162,6 @@ void CoolMenuStyle::OnDrawItem(const QStyleOptionMenuItem &item, QPainter *paint
     const QFont font = item.menuItemType == QStyleOptionMenuItem::DefaultItem ? m_wnd.MenuFontSep : m_wnd.MenuFont;
     const QString caption = item.text.section(u'\t', 0, 0);
     const QString shortcut = item.text.section(u'\t', 1);
-    const int captionWidth = QFontMetrics(font).boundingRect(QRect(), Qt::TextSingleLine | Qt::TextShowMnemonic, caption).width();
 
     int x = r.left() + Margin;
     const QRect check(x, r.top(), item.menuHasCheckableItems ? CheckColumn : 0, r.height());
@@ -155,11 +175,11 @@ void CoolMenuStyle::OnDrawItem(const QStyleOptionMenuItem &item, QPainter *paint
     const QColor selection = OleColorToQColor(m_wnd.SelectColor, item.palette);
     const QColor disabled = item.palette.color(QPalette::Disabled, QPalette::Text);
     const QColor plain = enabled ? OleColorToQColor(m_wnd.ForeColor, item.palette) : disabled;
-    const QColor onSelection = enabled ? InkOn(selection) : disabled;
+    const QColor onSelection = enabled ? InkOn(selection) : Blend(InkOn(selection), selection);
     const QColor ink = selected && m_wnd.FullSelect ? onSelection : plain;
     if (selected) {
         const QRect band = m_wnd.FullSelect ? r.adjusted(Margin, 0, -Margin, 0)
-                                            : QRect(text.left() - 3, r.top() + 1, captionWidth + 6, r.height() - 2);
+                                            : QRect(text.left() - 3, r.top() + 1, CaptionWidth(QFontMetrics(font), caption) + 6, r.height() - 2);
         painter->fillRect(visualRect(direction, r, band), selection);
     }
     if (data.bAsCheck || data.bAsMark)
@@ -199,19 +219,29 @@ void CoolMenuStyle::DrawCheck(QPainter *painter, const QRect &column, const QSty
 {
     const QRect box = Centred(column, 13, 13);
     painter->setRenderHint(QPainter::Antialiasing);
-    if (m_wnd.ComplexChecks) {
-        const QBrush inside = item.palette.brush(item.state & State_Enabled ? QPalette::Active : QPalette::Disabled, QPalette::Base);
+    if (m_wnd.ComplexChecks) {   // sunken: an edge all round, a shadow inside at the top and left
+        const bool enabled = item.state & State_Enabled;
+        const QBrush inside = item.palette.brush(enabled ? QPalette::Active : QPalette::Disabled, QPalette::Base);
+        const QColor edge = item.palette.color(QPalette::Mid);
+        const QColor shadow = item.palette.color(QPalette::Dark);
         if (mark) {
             const QRectF circle = QRectF(box).adjusted(0.5, 0.5, -0.5, -0.5);
-            painter->setPen(item.palette.color(QPalette::Light));
+            painter->setPen(edge);
             painter->setBrush(inside);
             painter->drawEllipse(circle);
-            painter->setPen(QPen(item.palette.color(QPalette::Dark), 1.2));
-            painter->drawArc(circle, 45 * 16, 180 * 16);
+            painter->setPen(shadow);
+            painter->setBrush(Qt::NoBrush);
+            painter->drawArc(circle.adjusted(1, 1, -1, -1), 45 * 16, 180 * 16);
         } else {
-            qDrawWinPanel(painter, box, item.palette, true, &inside);
+            painter->fillRect(box, inside);
+            painter->fillRect(QRect(box.left(), box.top(), box.width(), 1), edge);
+            painter->fillRect(QRect(box.left(), box.bottom(), box.width(), 1), edge);
+            painter->fillRect(QRect(box.left(), box.top(), 1, box.height()), edge);
+            painter->fillRect(QRect(box.right(), box.top(), 1, box.height()), edge);
+            painter->fillRect(QRect(box.left() + 1, box.top() + 1, box.width() - 2, 1), shadow);
+            painter->fillRect(QRect(box.left() + 1, box.top() + 1, 1, box.height() - 2), shadow);
         }
-        ink = item.palette.color(item.state & State_Enabled ? QPalette::Active : QPalette::Disabled, QPalette::Text);
+        ink = item.palette.color(enabled ? QPalette::Active : QPalette::Disabled, QPalette::Text);
     }
     if (!item.checked)
         return;

@@ -23,11 +23,12 @@ public:
                            const QWidget *widget) const override;
     void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
                      const QWidget *widget) const override;
+    int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override;
     int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
                   QStyleHintReturn *returnData) const override;
 
 private:
-    QSize OnMeasureItem(const QStyleOptionMenuItem &item) const;
+    QSize OnMeasureItem(const QStyleOptionMenuItem &item, const QSize &caption) const;
     void OnDrawItem(const QStyleOptionMenuItem &item, QPainter *painter, const QAction &action,
                     const CMyItemData &data) const;
     void DrawMenuBarItem(const QStyleOptionMenuItem &item, QPainter *painter) const;
