@@ -234,7 +234,9 @@ QPixmap Tour::picture(QWidget *window)
     }
     if (menus.isEmpty())
         return window->grab();
-    QPixmap canvas(area.size());
+    const qreal ratio = window->devicePixelRatioF();
+    QPixmap canvas(area.size() * ratio);
+    canvas.setDevicePixelRatio(ratio);
     canvas.fill(Qt::white);
     QPainter painter(&canvas);
     painter.drawPixmap(window->geometry().topLeft() - area.topLeft(), window->grab());

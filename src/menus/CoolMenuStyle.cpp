@@ -47,13 +47,13 @@ QColor Blend(const QColor &a, const QColor &b)
 QImage Silhouette(const QPixmap &picture, const QColor &colour)
 {
     QImage shape(picture.size(), QImage::Format_ARGB32_Premultiplied);
+    shape.setDevicePixelRatio(picture.devicePixelRatio());
     shape.fill(Qt::transparent);
     QPainter painter(&shape);
     painter.drawPixmap(0, 0, picture);
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    painter.fillRect(shape.rect(), colour);
+    painter.fillRect(QRect(QPoint(0, 0), picture.deviceIndependentSize().toSize()), colour);
     painter.end();
-    shape.setDevicePixelRatio(picture.devicePixelRatio());
     return shape;
 }
 
