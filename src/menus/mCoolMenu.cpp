@@ -134,7 +134,7 @@ bool Install(QWidget *wndHandle, HelpCallBack *HelpObj, const QList<QIcon> &ilHa
     wnd.SCMainMenu = WndCoolMenu::NoMenuBar;
     wndHandle->installEventFilter(&wnd);
     // A window destroyed while installed takes its record with it.
-    QObject::connect(wndHandle, &QObject::destroyed, wndHandle, [wndHandle] { Uninstall(wndHandle); });
+    QObject::connect(wndHandle, &QObject::destroyed, &wnd, [wndHandle] { Uninstall(wndHandle); });
     if (QMenuBar *bar = MenuBarOf(wndHandle))
         ConvertMenu(wnd, bar, true);
     return true;
