@@ -17,25 +17,70 @@
 
 namespace zolt::test {
 
-TempDatabase::TempDatabase()
-    : m_name(QUuid::createUuid().toString())
+std::string EngineName(const ::testing::TestParamInfo<Engine> &info)
 {
-    QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_name);
-    db.setDatabaseName(m_dir.filePath(QStringLiteral("test.db")));
-    EXPECT_TRUE(db.open()) << db.lastError().text().toStdString();
-    SetCurrentConnection(db);
+    switch (info.param) {
+    case Engine::SQLite: return "SQLite";
+    case Engine::PostgreSQL: return "PostgreSQL";
+    case Engine::Odbc: return "ODBC";
+    }
+    return "Unknown";
+}
+
+namespace {
+
+// Every statement SQLite runs, as it ran it.
+void traceStatements(const QSqlDatabase &db, QStringList *log)
+{
     auto *handle = *static_cast<sqlite3 *const *>(db.driver()->handle().data());
     sqlite3_trace_v2(handle, SQLITE_TRACE_STMT, [](unsigned, void *log, void *statement, void *) {
         char *sql = sqlite3_expanded_sql(static_cast<sqlite3_stmt *>(statement));
         static_cast<QStringList *>(log)->append(QString::fromUtf8(sql));
         sqlite3_free(sql);
         return 0;
-    }, m_statements.get());
+    }, log);
+}
+
+// The suite's server (tests/servers/pg-cluster.sh), started by CTest's fixture.
+const QString ServerFolder = QStringLiteral(ZOLT_TEST_SERVERS);
+
+} // namespace
+
+TempDatabase::TempDatabase(Engine engine)
+    : m_engine(engine)
+    , m_name(QUuid::createUuid().toString())
+{
+    static const char *const drivers[] = {"QSQLITE", "QPSQL", "QODBC"};
+    QSqlDatabase db = QSqlDatabase::addDatabase(QLatin1String(drivers[int(engine)]), m_name);
+    if (engine == Engine::SQLite) {
+        db.setDatabaseName(m_dir.filePath(QStringLiteral("test.db")));
+    } else if (engine == Engine::PostgreSQL) {
+        db.setHostName(ServerFolder);
+        db.setPort(55432);
+        db.setUserName(QStringLiteral("zolt"));
+        db.setDatabaseName(QStringLiteral("zolt"));
+    } else {
+        qputenv("ODBCINI", QFile::encodeName(ServerFolder + QStringLiteral("/odbc.ini")));
+        db.setDatabaseName(QStringLiteral("ZoltTest"));   // the data source the server's script registered
+    }
+    EXPECT_TRUE(db.open()) << EngineName({engine, 0}) << ": " << db.lastError().text().toStdString();
+    SetCurrentConnection(db);
+    if (engine == Engine::SQLite) {
+        traceStatements(db, m_statements.get());
+    } else {
+        m_schema = u't' + QUuid::createUuid().toString(QUuid::Id128);
+        exec(QStringLiteral("CREATE SCHEMA %1").arg(m_schema));
+        exec(QStringLiteral("SET search_path TO %1, public").arg(m_schema));
+    }
 }
 
 TempDatabase::~TempDatabase()
 {
-    QSqlDatabase::database(m_name, false).close();
+    QSqlDatabase db = QSqlDatabase::database(m_name, false);
+    if (!m_schema.isEmpty() && db.isOpen())
+        QSqlQuery(db).exec(QStringLiteral("DROP SCHEMA %1 CASCADE").arg(m_schema));
+    db.close();
+    db = QSqlDatabase();
     // The library keeps no copy of the host's connection, so the host removes
     // it without Qt's warning that it is still in use.
     static QStringList warnings;
@@ -54,8 +99,9 @@ QSqlDatabase TempDatabase::db() const
 
 void TempDatabase::createLibraryTables() const
 {
-    // Every statement of the script ends its line with ";".
-    for (const QString &statement : QString::fromUtf8(readFile(QStringLiteral(ZOLT_SQLITE_SCHEMA))).split(QStringLiteral(";\n"))) {
+    // Every statement of the scripts ends its line with ";".
+    const char *script = m_engine == Engine::SQLite ? ZOLT_SQLITE_SCHEMA : ZOLT_POSTGRESQL_SCHEMA;
+    for (const QString &statement : QString::fromUtf8(readFile(QLatin1String(script))).split(QStringLiteral(";\n"))) {
         if (statement.contains(QStringLiteral("CREATE")))
             exec(statement.mid(statement.indexOf(QStringLiteral("CREATE"))));
     }
@@ -64,13 +110,13 @@ void TempDatabase::createLibraryTables() const
 void TempDatabase::exec(const QString &sql) const
 {
     QSqlQuery query(db());
-    EXPECT_TRUE(query.exec(sql)) << sql.toStdString() << ": " << query.lastError().text().toStdString();
+    EXPECT_TRUE(query.exec(DriverSql(db(), sql))) << sql.toStdString() << ": " << query.lastError().text().toStdString();
 }
 
 QVariant TempDatabase::scalar(const QString &sql) const
 {
     QSqlQuery query(db());
-    EXPECT_TRUE(query.exec(sql) && query.next()) << sql.toStdString();
+    EXPECT_TRUE(query.exec(DriverSql(db(), sql)) && query.next()) << sql.toStdString();
     return query.value(0);
 }
 

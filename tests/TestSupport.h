@@ -17,30 +17,43 @@ inline void PrintTo(const QString &text, std::ostream *os) { *os << '"' << text.
 
 namespace zolt::test {
 
-// A real SQLite database file in a temporary folder, open for the test's
-// lifetime and installed as the library's current connection.
+// The engines the library is tested on: an SQLite file, and the suite's own
+// PostgreSQL server reached through Qt's driver and through unixODBC.
+enum class Engine { SQLite, PostgreSQL, Odbc };
+inline const Engine Engines[] = {Engine::SQLite, Engine::PostgreSQL, Engine::Odbc};
+std::string EngineName(const ::testing::TestParamInfo<Engine> &info);
+
+// A fresh database on an engine, open for the test's lifetime and installed
+// as the library's current connection: an SQLite file in a temporary folder,
+// or a schema of its own on the server. A database that cannot be reached
+// fails the test.
 class TempDatabase {
 public:
-    TempDatabase();
+    explicit TempDatabase(Engine engine = Engine::SQLite);
     ~TempDatabase();
     TempDatabase(const TempDatabase &) = delete;
     TempDatabase &operator=(const TempDatabase &) = delete;
 
     QSqlDatabase db() const;
     QString name() const { return m_name; }
-    // Every statement SQLite runs on this database from now on, as it ran it.
+    Engine engine() const { return m_engine; }
+    // Every statement SQLite runs on this database from now on, as it ran it;
+    // the other engines trace nothing (the texts are the same on each).
     const QStringList &statements() const { return *m_statements; }
     // Creates the library's tables with the SQL script the library ships.
     void createLibraryTables() const;
-    // Runs statements that set up a test; fails the test on an error.
+    // Runs statements, written as the library writes its own, that set up a
+    // test; fails the test on an error.
     void exec(const QString &sql) const;
     // The first column of the first row of a query.
     QVariant scalar(const QString &sql) const;
 
 private:
+    Engine m_engine;
     QTemporaryDir m_dir;
     std::unique_ptr<QStringList> m_statements = std::make_unique<QStringList>();
     QString m_name;
+    QString m_schema;   // on the server
 };
 
 // How many generated trials a test runs: few by default, many when

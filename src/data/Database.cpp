@@ -23,12 +23,6 @@ QString &currentConnectionName()
     return name;
 }
 
-// An ODBC data source may well be the original engine, which reads #dates#.
-bool readsHashDates(const QSqlDatabase &db)
-{
-    return db.driverName() == QLatin1String("QODBC");
-}
-
 // The ISO text of one #...# literal's contents, or nothing when it is no date.
 std::optional<QString> isoDate(const QString &literal)
 {
@@ -48,6 +42,98 @@ std::optional<QString> isoDate(const QString &literal)
         iso += QLatin1Char(' ') + time.toString(QStringLiteral("HH:mm:ss"));
     }
     return iso;
+}
+
+// How an engine reads what the library writes in the original engine's dialect.
+struct Dialect {
+    bool hashDates = false;           // reads #m/d/y# literals itself
+    QChar open = u'[', close = u']';  // quotes a [bracketed] name so
+    bool lowerCaseNames = false;      // quoted names in lower case, as it folds plain ones
+    bool backslashEscapes = false;    // reads backslash escapes inside quoted text
+};
+
+// PostgreSQL reads backslash escapes in quoted text only with this setting off.
+bool standardConformingStrings(const QSqlDatabase &db)
+{
+    QSqlQuery query(db);
+    return !query.exec(QStringLiteral("SHOW standard_conforming_strings")) || !query.next()
+        || query.value(0).toString() != QLatin1String("off");
+}
+
+Dialect dialectOf(const QSqlDatabase &db, bool statementHasBackslash)
+{
+    switch (db.driver() ? db.driver()->dbmsType() : QSqlDriver::UnknownDbms) {
+    case QSqlDriver::PostgreSQL:
+        return {false, u'"', u'"', true, statementHasBackslash && !standardConformingStrings(db)};
+    case QSqlDriver::MySqlServer:
+        return {false, u'`', u'`', false, true};
+    case QSqlDriver::UnknownDbms:
+        // An ODBC data source of no known server may well be the original engine.
+        return {db.driverName() == QLatin1String("QODBC")};
+    default:
+        return {};   // SQLite and SQL Server read [names]; dates go as ISO text
+    }
+}
+
+// The statement in the engine's dialect: quoted text copied (its backslashes
+// doubled where the engine reads escapes), [names] quoted as the engine quotes
+// names, #m/d/y# literals as ISO text where the engine lacks them.
+QString adapt(const QString &sql, const Dialect &dialect)
+{
+    QString out;
+    out.reserve(sql.size() + 8);
+    qsizetype i = 0;
+    while (i < sql.size()) {
+        const QChar c = sql.at(i);
+        if (c == u'\'' || c == u'"') {
+            // Quoted text is copied whole; a doubled quote stays inside it.
+            qsizetype end = i + 1;
+            while (end < sql.size()) {
+                if (sql.at(end) == c) {
+                    if (end + 1 < sql.size() && sql.at(end + 1) == c) {
+                        end += 2;
+                        continue;
+                    }
+                    break;
+                }
+                ++end;
+            }
+            QString quoted = sql.mid(i, end - i + 1);
+            if (dialect.backslashEscapes && c == u'\'')
+                quoted.replace(u'\\', QStringLiteral("\\\\"));
+            out += quoted;
+            i = end + 1;
+            continue;
+        }
+        if (c == u'[' && dialect.open != u'[') {
+            const qsizetype close = sql.indexOf(u']', i + 1);
+            if (close > 0) {
+                const QString name = sql.mid(i + 1, close - i - 1);
+                out += dialect.open + (dialect.lowerCaseNames ? name.toLower() : name) + dialect.close;
+                i = close + 1;
+                continue;
+            }
+        }
+        if (c == u'#' && !dialect.hashDates) {
+            const qsizetype close = sql.indexOf(u'#', i + 1);
+            if (close > 0) {
+                if (const auto iso = isoDate(sql.mid(i + 1, close - i - 1))) {
+                    // A quoted literal right beside another would merge with it.
+                    const auto isQuote = [](QChar q) { return q == u'\'' || q == u'"'; };
+                    if (!out.isEmpty() && isQuote(out.back()))
+                        out += u' ';
+                    out += u'\'' + *iso + u'\'';
+                    if (close + 1 < sql.size() && isQuote(sql.at(close + 1)))
+                        out += u' ';
+                    i = close + 1;
+                    continue;
+                }
+            }
+        }
+        out += c;
+        ++i;
+    }
+    return out;
 }
 
 } // namespace
@@ -82,61 +168,17 @@ QString ConnectionString(const QSqlDatabase &db)
 
 QString RewriteDateLiterals(const QString &sql)
 {
-    QString out;
-    out.reserve(sql.size());
-    qsizetype i = 0;
-    while (i < sql.size()) {
-        const QChar c = sql.at(i);
-        if (c == QLatin1Char('\'') || c == QLatin1Char('"')) {
-            // Quoted text is copied whole; a doubled quote stays inside it.
-            qsizetype end = i + 1;
-            while (end < sql.size()) {
-                if (sql.at(end) == c) {
-                    if (end + 1 < sql.size() && sql.at(end + 1) == c) {
-                        end += 2;
-                        continue;
-                    }
-                    break;
-                }
-                ++end;
-            }
-            out += sql.mid(i, end - i + 1);
-            i = end + 1;
-            continue;
-        }
-        if (c == QLatin1Char('#')) {
-            const qsizetype close = sql.indexOf(QLatin1Char('#'), i + 1);
-            if (close > 0) {
-                if (const auto iso = isoDate(sql.mid(i + 1, close - i - 1))) {
-                    // A quoted literal right beside another would merge with it.
-                    const auto isQuote = [](QChar q) { return q == QLatin1Char('\'') || q == QLatin1Char('"'); };
-                    if (!out.isEmpty() && isQuote(out.back()))
-                        out += QLatin1Char(' ');
-                    out += QLatin1Char('\'') + *iso + QLatin1Char('\'');
-                    if (close + 1 < sql.size() && isQuote(sql.at(close + 1)))
-                        out += QLatin1Char(' ');
-                    i = close + 1;
-                    continue;
-                }
-            }
-        }
-        out += c;
-        ++i;
-    }
-    return out;
+    return adapt(sql, Dialect());
 }
 
 QString DriverSql(const QSqlDatabase &db, const QString &sql)
 {
-    return readsHashDates(db) ? sql : RewriteDateLiterals(sql);
+    return adapt(sql, dialectOf(db, sql.contains(u'\\')));
 }
 
-bool BreaksQuotedLiteral(const QSqlDatabase &db, const QString &text)
+bool BreaksQuotedLiteral(const QString &text)
 {
-    const bool backslashEscapes = db.driverName() == QLatin1String("QMYSQL")
-                                  || db.driverName() == QLatin1String("QMARIADB");
-    return text.contains(QLatin1Char('\'')) || text.contains(QChar(0))
-           || (backslashEscapes && text.contains(QLatin1Char('\\')));
+    return text.contains(u'\'') || text.contains(QChar(0));
 }
 
 void Execute(const QString &sql, const QSqlDatabase &db)

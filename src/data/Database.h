@@ -25,8 +25,13 @@ extern QString CurrentConnectionString;
 // user when it has them; never its password.
 QString ConnectionString(const QSqlDatabase &db);
 
-// The statement as the connection's driver must receive it. The library writes
-// date literals as #m/d/y#; drivers that do not read them get ISO text instead.
+// The statement as the connection's engine must receive it. The library
+// writes the original engine's dialect: [bracketed] names, #m/d/y# dates,
+// apostrophes doubled in quoted text. Each engine gets its own: names quoted
+// as it quotes them (lower case on PostgreSQL, which folds plain names),
+// dates as ISO text unless it is that engine behind ODBC, and backslashes in
+// quoted text doubled where it reads them as escapes (MySQL, PostgreSQL with
+// standard_conforming_strings off), so that no typed text ends a literal.
 QString DriverSql(const QSqlDatabase &db, const QString &sql);
 
 // Rewrites every #m/d/y# (optionally with a time) outside quoted text into
@@ -35,9 +40,8 @@ QString DriverSql(const QSqlDatabase &db, const QString &sql);
 QString RewriteDateLiterals(const QString &sql);
 
 // True when text, put unescaped between apostrophes, would end the literal
-// early on db: it holds an apostrophe, a NUL, or a backslash where the
-// database reads backslash escapes. Such text never reaches the database.
-bool BreaksQuotedLiteral(const QSqlDatabase &db, const QString &text);
+// early: it holds an apostrophe or a NUL. Such text never reaches the database.
+bool BreaksQuotedLiteral(const QString &text);
 
 // Runs an INSERT, UPDATE or DELETE on db; a failure raises zolt::Error with
 // the database failure number and the driver's message.

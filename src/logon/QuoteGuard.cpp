@@ -14,7 +14,7 @@ const QString QuoteRefused = QStringLiteral("Tên và diễn giải không đư�
 
 bool RefuseQuote(QLineEdit *box, const QString &title)
 {
-    if (!BreaksQuotedLiteral(CurrentConnection(), box->text()))
+    if (!BreaksQuotedLiteral(box->text()))
         return false;
     ShowMgBox(QuoteRefused, 0, title, 0, false);
     box->setFocus();
@@ -24,7 +24,7 @@ bool RefuseQuote(QLineEdit *box, const QString &title)
 
 void CheckQuotable(const QString &text)
 {
-    if (BreaksQuotedLiteral(CurrentConnection(), text))
+    if (BreaksQuotedLiteral(text))
         throw Error(Error::DatabaseFailure, QuoteRefused);
 }
 

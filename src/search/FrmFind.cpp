@@ -120,7 +120,7 @@ void FrmFind::Load()
 {
     ApplyFormSettings(this);
     // A table name that would end its literal has no catalogue rows.
-    if (!BreaksQuotedLiteral(CurrentConnection(), TableName)) {
+    if (!BreaksQuotedLiteral(TableName)) {
         ReadData();
         LoadFieldInfo(QStringLiteral("Select * From LstFld Where [InTable]='") + TableName + u'\'',
                       QStringLiteral("[code]"));

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class OptionsTest : public ::testing::Test {
+class OptionsTest : public ::testing::TestWithParam<test::Engine> {
 protected:
     void SetUp() override { db.createLibraryTables(); }
     QString read(const QString &key) const { return ReadOption(u"Kho"_s, key, u"d"_s); }
@@ -19,12 +19,14 @@ protected:
         SaveOption(u"Kho"_s, u"Mặc định"_s, value, description, isNew);
     }
     QString column(const char *name) const { return db.scalar(u"Select %1 From Options"_s.arg(QLatin1String(name))).toString(); }
-    test::TempDatabase db;
+    test::TempDatabase db{GetParam()};
 };
 
 } // namespace
 
-TEST_F(OptionsTest, ReadsTheStoredValueOrTheDefault)
+INSTANTIATE_TEST_SUITE_P(Engines, OptionsTest, ::testing::ValuesIn(test::Engines), test::EngineName);
+
+TEST_P(OptionsTest, ReadsTheStoredValueOrTheDefault)
 {
     db.exec(u"Insert Into Options Values('Kho','Font','Tahoma',Null), ('Kho','Null',Null,Null), ('Kho','Empty','',Null)"_s);
     EXPECT_EQ(read(u"Font"_s), "Tahoma");
@@ -35,7 +37,7 @@ TEST_F(OptionsTest, ReadsTheStoredValueOrTheDefault)
     EXPECT_EQ(test::errorNumberOf([this] { save(u"v"_s); }), Error::DatabaseFailure);
 }
 
-TEST_F(OptionsTest, UpdatesAnExistingKeyAndInsertsANewOne)
+TEST_P(OptionsTest, UpdatesAnExistingKeyAndInsertsANewOne)
 {
     save(u"Kho 'A' \"B\""_s);
     EXPECT_TRUE(db.scalar(u"Select Description From Options"_s).isNull());
