@@ -2,14 +2,16 @@
 -- The tables the ZOLT library reads and writes, for SQLite.
 -- Run once on a new database: every statement ends with a semicolon at the
 -- end of its line. The library composes its SQL with [bracketed] names,
--- which SQLite reads as they stand.
+-- which SQLite reads as they stand. Text columns are COLLATE NOCASE: on the
+-- library's connections = and <> then ignore case, Vietnamese letters
+-- included, as LIKE does.
 
 -- Users; the logon returns Code (column 0) and compares the password digest
 -- in Password (column 3): never the password itself.
 CREATE TABLE IF NOT EXISTS [User] (
     Code INTEGER PRIMARY KEY AUTOINCREMENT,
-    [Name] TEXT,
-    Dec TEXT,
+    [Name] TEXT COLLATE NOCASE,
+    Dec TEXT COLLATE NOCASE,
     [Password] DOUBLE DEFAULT 0,
     IdGroup INTEGER
 );
@@ -19,36 +21,36 @@ CREATE TABLE IF NOT EXISTS [User] (
 -- order of Menu.ID: add them with ALTER TABLE Groups ADD COLUMN ... INTEGER DEFAULT 0.
 CREATE TABLE IF NOT EXISTS Groups (
     Code INTEGER PRIMARY KEY AUTOINCREMENT,
-    [Name] TEXT,
-    Des TEXT
+    [Name] TEXT COLLATE NOCASE,
+    Des TEXT COLLATE NOCASE
 );
 
 -- The host's menu bars and their sub-menus, for the menu rights.
 CREATE TABLE IF NOT EXISTS Menu (
     ID INTEGER PRIMARY KEY,
-    [Desc] TEXT
+    [Desc] TEXT COLLATE NOCASE
 );
 CREATE TABLE IF NOT EXISTS SubMenu (
     ID INTEGER PRIMARY KEY,
-    [Desc] TEXT,
+    [Desc] TEXT COLLATE NOCASE,
     IdMenuBar INTEGER
 );
 
 -- Settings, one row per (Section, KeyName); fonts live under section "Config".
 CREATE TABLE IF NOT EXISTS Options (
-    [Section] TEXT,
-    KeyName TEXT,
-    KeyValue TEXT,
-    Description TEXT
+    [Section] TEXT COLLATE NOCASE,
+    KeyName TEXT COLLATE NOCASE,
+    KeyValue TEXT COLLATE NOCASE,
+    Description TEXT COLLATE NOCASE
 );
 
 -- What the search wizard offers: the searchable fields of each table...
 CREATE TABLE IF NOT EXISTS LstFld (
     code INTEGER,
-    [Name] TEXT,
-    [Desc] TEXT,
-    InTable TEXT,
-    Relation TEXT,
+    [Name] TEXT COLLATE NOCASE,
+    [Desc] TEXT COLLATE NOCASE,
+    InTable TEXT COLLATE NOCASE,
+    Relation TEXT COLLATE NOCASE,
     [Type] INTEGER
 );
 
@@ -56,7 +58,7 @@ CREATE TABLE IF NOT EXISTS LstFld (
 -- (types 1, 3, 13 numbers; 8 dates; 10, 11 text).
 CREATE TABLE IF NOT EXISTS Operator (
     Code INTEGER,
-    [Name] TEXT,
-    Des TEXT,
+    [Name] TEXT COLLATE NOCASE,
+    Des TEXT COLLATE NOCASE,
     [Type] INTEGER
 );

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "data/Database.h"
 
+#include "data/CaseBlindText.h"
 #include "data/Conversions.h"
 
 #include <zolt/Error.h>
@@ -146,6 +147,7 @@ QSqlDatabase CurrentConnection()
 void SetCurrentConnection(const QSqlDatabase &connection)
 {
     currentConnectionName() = connection.connectionName();
+    RegisterCaseBlindText(connection);
 }
 
 void UseConnection(const QSqlDatabase &connection)

@@ -14,6 +14,7 @@ namespace zolt {
 // connection's name is kept, never a copy, so that the host can remove its
 // connection when it is done.
 QSqlDatabase CurrentConnection();
+// Also makes an SQLite connection compare text without regard to case.
 void SetCurrentConnection(const QSqlDatabase &connection);
 // What every public entry point does with the connection it is handed: a
 // QSqlDatabase without a driver raises zolt::Error 13 before anything shows;

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: MIT
+#include "data/CaseBlindText.h"
 #include "data/Database.h"
 #include "data/Recordset.h"
 
@@ -20,6 +21,15 @@ TEST(DateLiterals, RewrittenMonthFirstOutsideQuotedText)
              {u"N='unterminated #1/2/2003#"_s, u"N='unterminated #1/2/2003#"_s},
              {u"D=#1/2/2003#'a' Or 'b'#1/2/2003#"_s, u"D='2003-01-02' 'a' Or 'b' '2003-01-02'"_s}})
         EXPECT_EQ(RewriteDateLiterals(sql), rewritten);
+}
+
+TEST(CaseBlindLike, MatchesAsTheOriginalEngine)
+{
+    for (const auto &[pattern, text, matches] : {
+             std::tuple{u"bánh%"_s, u"BÁNH QUY"_s, true}, {u"%ỗ%"_s, u"ĐỖ VĂN"_s, true}, {u"_ỗ"_s, u"ĐỖ"_s, true},
+             {u"%a%b%c"_s, u"xaxbxbxc"_s, true}, {u"a%"_s, u"ba"_s, false}, {u"a_"_s, u"a"_s, false},
+             {u"100!%"_s, u"100%"_s, true}, {u"100!%"_s, u"1000"_s, false}, {u"%"_s, QString(), true}})
+        EXPECT_EQ(CaseBlindLike(pattern, text, u'!'), matches) << pattern.toStdString() << " " << text.toStdString();
 }
 
 class DatabaseTest : public ::testing::Test {

@@ -52,6 +52,15 @@ TEST_P(OptionsTest, UpdatesAnExistingKeyAndInsertsANewOne)
     EXPECT_EQ(column("Count(*)"), "2");           // isNew inserts even when the row exists
 }
 
+TEST_P(OptionsTest, TextComparesWithoutRegardToCaseVietnameseLettersIncluded)
+{
+    db.exec(u"Insert Into Options Values('Chung','đỗ văn','Bánh quy',Null)"_s);
+    EXPECT_EQ(ReadOption(u"CHUNG"_s, u"ĐỖ VĂN"_s, u"d"_s), "Bánh quy");
+    for (const auto &[condition, count] : {std::pair{u"KeyValue Like 'bánh%'"_s, 1}, {u"KeyValue Like 'BÁNH QU_'"_s, 1},
+                                           {u"KeyValue <> 'BÁNH QUY'"_s, 0}, {u"KeyValue Like 'banh%'"_s, 0}})
+        EXPECT_EQ(db.scalar(u"Select Count(*) From Options Where "_s + condition).toInt(), count) << condition.toStdString();
+}
+
 TEST(GetMaxValue, LargestValueOrZero)
 {
     test::TempDatabase db;
