@@ -31,7 +31,7 @@ TEST(FormatDate, SwapsDayAndMonthAndPadsTheYear)
     EXPECT_EQ(CountOf(QString(), QStringLiteral(",")), 0);
 }
 
-class CatalogueTest : public ::testing::Test {
+class CatalogueTest : public ::testing::TestWithParam<test::Engine> {
 protected:
     void SetUp() override
     {
@@ -41,10 +41,12 @@ protected:
                                "(1, 'Ma', 'Mã hàng', 'Hang', 'Hang', 10), (3, 'Gia', 'Giá', 'Hang', '', 3), "
                                "(4, 'Ngay', 'Ngày', 'PhieuXuat', Null, 8)"));
     }
-    test::TempDatabase db;
+    test::TempDatabase db{GetParam()};
 };
 
-TEST_F(CatalogueTest, QueriesOpenCountAndTestForRows)
+INSTANTIATE_TEST_SUITE_P(Engines, CatalogueTest, ::testing::ValuesIn(test::Engines), test::EngineName);
+
+TEST_P(CatalogueTest, QueriesOpenCountAndTestForRows)
 {
     Recordset rs;
     EXPECT_EQ(OpenQuery(rs, QStringLiteral("Select * From LstFld")), 0);
@@ -57,7 +59,7 @@ TEST_F(CatalogueTest, QueriesOpenCountAndTestForRows)
     EXPECT_FALSE(HasRows(rs));
 }
 
-TEST_F(CatalogueTest, LoadFieldInfoCachesRelationAndTypeInListOrder)
+TEST_P(CatalogueTest, LoadFieldInfoCachesRelationAndTypeInListOrder)
 {
     LoadFieldInfo(QStringLiteral("Select * From LstFld Where [InTable]='Hang'"), QStringLiteral("[code]"));
     // One more entry than rows, as dimensioned 0..n.
