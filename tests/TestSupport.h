@@ -37,9 +37,11 @@ public:
     QSqlDatabase db() const;
     QString name() const { return m_name; }
     Engine engine() const { return m_engine; }
-    // Every statement SQLite runs on this database from now on, as it ran it;
-    // the other engines trace nothing (the texts are the same on each).
+    // Every statement SQLite runs on this database from now on, as it ran it.
+    // The other engines are not traced: the library's texts are the same on
+    // each, so tests pin them where traced().
     const QStringList &statements() const { return *m_statements; }
+    bool traced() const { return m_engine == Engine::SQLite; }
     // Creates the library's tables with the SQL script the library ships.
     void createLibraryTables() const;
     // Runs statements, written as the library writes its own, that set up a

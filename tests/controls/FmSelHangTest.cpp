@@ -14,7 +14,7 @@ using test::child;
 
 namespace {
 
-class FmSelHangTest : public ::testing::Test {
+class FmSelHangTest : public ::testing::TestWithParam<test::Engine> {
 protected:
     void SetUp() override
     {
@@ -32,15 +32,17 @@ protected:
         dialog.exec();
         return dialog.SelectedValue;
     }
-    test::TempDatabase db;
+    test::TempDatabase db{GetParam()};
 };
+
+INSTANTIATE_TEST_SUITE_P(Engines, FmSelHangTest, ::testing::ValuesIn(test::Engines), test::EngineName);
 
 QListView *list(QWidget *form) { return child<QListView>(form, "lv1IP"); }
 QString selected(QWidget *form) { return list(form)->currentIndex().data().toString(); }
 
 } // namespace
 
-TEST_F(FmSelHangTest, TypingSelectsTheFirstNameThatBeginsSoAccentsAsideWhenNoneAreTyped)
+TEST_P(FmSelHangTest, TypingSelectsTheFirstNameThatBeginsSoAccentsAsideWhenNoneAreTyped)
 {
     const std::pair<QString, QString> cases[] = {
         {u"ab"_s, u"Abc"_s}, {u"abd"_s, u"aBd"_s}, {u"nguyen"_s, u"Nguyễn Văn An"_s}, {u"duong"_s, u"Đường cát"_s},
@@ -63,7 +65,7 @@ TEST_F(FmSelHangTest, TypingSelectsTheFirstNameThatBeginsSoAccentsAsideWhenNoneA
     });
 }
 
-TEST_F(FmSelHangTest, OnlyAClickTakesARowAndOnlyChonKeepsIt)
+TEST_P(FmSelHangTest, OnlyAClickTakesARowAndOnlyChonKeepsIt)
 {
     EXPECT_EQ(pick([](QWidget *form) {
         auto *box = child<QLineEdit>(form, "TxtSelH");

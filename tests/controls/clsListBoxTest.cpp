@@ -101,9 +101,12 @@ TEST(clsListBox, TellsWhenTheUserLeftWithAnotherText)
     }
 }
 
-TEST(FillList, FillsAnyItemDataListAndKeepsTheSelectionWhileItsRowExists)
+class FillListTest : public ::testing::TestWithParam<test::Engine> {};
+INSTANTIATE_TEST_SUITE_P(Engines, FillListTest, ::testing::ValuesIn(test::Engines), test::EngineName);
+
+TEST_P(FillListTest, FillsAnyItemDataListAndKeepsTheSelectionWhileItsRowExists)
 {
-    test::TempDatabase db;
+    test::TempDatabase db(GetParam());
     db.exec(u"Create Table LstFld(code Integer, [Name] Text, [Desc] Text)"_s);
     db.exec(u"Insert Into LstFld Values(2, 'Ten', 'Tên hàng'), (1, 'Ma', 'Mã hàng'), (3, 'Gia', 'Giá')"_s);
     const QString fields = u"Select [Name],[Desc] From LstFld"_s;

@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class GeneralTest : public ::testing::Test {
+class GeneralTest : public ::testing::TestWithParam<test::Engine> {
 protected:
     void SetUp() override
     {
@@ -32,14 +32,16 @@ protected:
         db.exec(u"Insert Into Options Values('Config','DefaultFont','%1',Null), ('Config','DefaultFontSize','%2',Null)"_s
                     .arg(QLatin1String(name), QLatin1String(size)));
     }
-    test::TempDatabase db;
+    test::TempDatabase db{GetParam()};
     QDialog form;
     QLineEdit *edit = new QLineEdit(&form);
 };
 
+INSTANTIATE_TEST_SUITE_P(Engines, GeneralTest, ::testing::ValuesIn(test::Engines), test::EngineName);
+
 } // namespace
 
-TEST_F(GeneralTest, AShownDialogIsCentredAtTheSizeItsLayoutGaveIt)
+TEST_P(GeneralTest, AShownDialogIsCentredAtTheSizeItsLayoutGaveIt)
 {
     setFont("DejaVu Serif", "10");
     ApplyFormSettings(&form);
@@ -50,7 +52,7 @@ TEST_F(GeneralTest, AShownDialogIsCentredAtTheSizeItsLayoutGaveIt)
     EXPECT_EQ(edit->font(), QFont(u"DejaVu Serif"_s, 10));
 }
 
-TEST_F(GeneralTest, SmallOrInvalidSizesLeaveTheSizeAndAMissingFontTakesTheDefault)
+TEST_P(GeneralTest, SmallOrInvalidSizesLeaveTheSizeAndAMissingFontTakesTheDefault)
 {
     const int before = edit->font().pointSize();
     for (const char *size : {"8", "abc"}) {
@@ -61,15 +63,15 @@ TEST_F(GeneralTest, SmallOrInvalidSizesLeaveTheSizeAndAMissingFontTakesTheDefaul
     }
 }
 
-TEST_F(GeneralTest, AFailedSaveShowsItsMessageAndReturnsTheError)
+TEST_P(GeneralTest, AFailedSaveShowsItsMessageAndReturnsTheError)
 {
     QString shown;
     test::whenModalShows([&](QWidget *box) {
         shown = box->windowTitle() + u'|' + qobject_cast<QMessageBox *>(box)->text();
         QTest::keyClick(box, Qt::Key_Return);
     });
-    db.exec(u"Create Trigger NoSave Before Insert On Options Begin Select Raise(Abort, 'đĩa đầy'); End"_s);
+    db.exec(u"Drop Table Options"_s);
     EXPECT_EQ(WriteOption(u"Config"_s, u"Font"_s, u"Arial"_s, {}, 0), Error::DatabaseFailure);
     EXPECT_TRUE(shown.startsWith(u"ZOLT Tests|Không thể lưu được khoáConfig-Font. Lỗi là "_s));
-    EXPECT_TRUE(shown.contains(u"đĩa đầy"_s)) << shown.toStdString();
+    EXPECT_TRUE(shown.contains(u"options"_s, Qt::CaseInsensitive)) << shown.toStdString();   // the engine's own words
 }

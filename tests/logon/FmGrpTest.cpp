@@ -22,7 +22,7 @@ using test::retype;
 
 namespace {
 
-class FmGrpTest : public ::testing::Test {
+class FmGrpTest : public ::testing::TestWithParam<test::Engine> {
 protected:
     void SetUp() override
     {
@@ -42,8 +42,10 @@ protected:
         test::whenModalShows(act, 5000, "FmGrp");
         clsLogon().ShowGroup(db.db());
     }
-    test::TempDatabase db;
+    test::TempDatabase db{GetParam()};
 };
+
+INSTANTIATE_TEST_SUITE_P(Engines, FmGrpTest, ::testing::ValuesIn(test::Engines), test::EngineName);
 
 QListWidget *list(QWidget *form, const char *name = "Lv1") { return child<QListWidget>(form, name); }
 QLineEdit *box(QWidget *form, const char *name) { return child<QLineEdit>(form, name); }
@@ -70,7 +72,7 @@ void rights(QWidget *form, const std::function<void(QWidget *)> &act)
 
 } // namespace
 
-TEST_F(FmGrpTest, DeletingTakesTheRowsButNeverGroupsOneAndEight)
+TEST_P(FmGrpTest, DeletingTakesTheRowsButNeverGroupsOneAndEight)
 {
     groups([](QWidget *form) {
         EXPECT_EQ(texts(list(form)), (QStringList{u"Quản trị-Mọi quyền"_s, u"Kho-Thủ kho"_s, u"Bán hàng-Quầy"_s}));
@@ -85,14 +87,15 @@ TEST_F(FmGrpTest, DeletingTakesTheRowsButNeverGroupsOneAndEight)
         EXPECT_EQ(box(form, "TxtName")->text(), "1");   // a new group is proposed
         click(form, "CmdExit");
     });
-    EXPECT_TRUE(db.statements().contains(u"Delete From [Groups] Where Code In (1,5,8) and (Code Not In (1,8))"_s));
+    if (db.traced())
+        EXPECT_TRUE(db.statements().contains(u"Delete From [Groups] Where Code In (1,5,8) and (Code Not In (1,8))"_s));
     groups([](QWidget *form) {
         EXPECT_EQ(texts(list(form)), (QStringList{u"Quản trị-Mọi quyền"_s, u"Bán hàng-Quầy"_s}));
         click(form, "CmdExit");
     });
 }
 
-TEST_F(FmGrpTest, AddingLocksTheRightsAndWritingNeedsAName)
+TEST_P(FmGrpTest, AddingLocksTheRightsAndWritingNeedsAName)
 {
     groups([this](QWidget *form) {
         auto *users = child<QTreeWidget>(form, "lvUser");
@@ -124,12 +127,14 @@ TEST_F(FmGrpTest, AddingLocksTheRightsAndWritingNeedsAName)
         EXPECT_EQ(list(form)->item(1)->text(), "Kho hàng-Thủ kho");
         click(form, "CmdExit");
     });
-    EXPECT_TRUE(db.statements().contains(u"Insert Into [Groups]([Name],[Des]) Values('Kế toán','Sổ sách ')"_s));
-    EXPECT_TRUE(db.statements().contains(u"Update [Groups] Set [Des]='Thủ kho ',[Name]='Kho hàng' Where [Code]=5"_s));
+    if (db.traced()) {
+        EXPECT_TRUE(db.statements().contains(u"Insert Into [Groups]([Name],[Des]) Values('Kế toán','Sổ sách ')"_s));
+        EXPECT_TRUE(db.statements().contains(u"Update [Groups] Set [Des]='Thủ kho ',[Name]='Kho hàng' Where [Code]=5"_s));
+    }
     EXPECT_FALSE(db.statements().join(u'\n').contains(u"O'Hara"_s));
 }
 
-TEST_F(FmGrpTest, RightsOfEachBarGoToItsColumnInOneStatement)
+TEST_P(FmGrpTest, RightsOfEachBarGoToItsColumnInOneStatement)
 {
     groups([](QWidget *form) {
         clickRow(list(form), 1);
@@ -153,10 +158,11 @@ TEST_F(FmGrpTest, RightsOfEachBarGoToItsColumnInOneStatement)
         });
         click(form, "CmdExit");
     });
-    EXPECT_EQ(db.statements().filter(u"Update Groups"_s), QStringList{u"Update Groups Set DanhMuc=2,ChungTu=5 Where Code=5"_s});
+    if (db.traced())
+        EXPECT_EQ(db.statements().filter(u"Update Groups"_s), QStringList{u"Update Groups Set DanhMuc=2,ChungTu=5 Where Code=5"_s});
 }
 
-TEST_F(FmGrpTest, AGroupsTableWithoutRightsColumnsWritesNothing)
+TEST_P(FmGrpTest, AGroupsTableWithoutRightsColumnsWritesNothing)
 {
     db.exec(u"Alter Table Groups Drop Column DanhMuc"_s);
     db.exec(u"Alter Table Groups Drop Column ChungTu"_s);

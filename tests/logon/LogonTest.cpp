@@ -22,7 +22,7 @@ namespace {
 const QString LongPassword = u"MatKhauRatDaiChoKeToan24"_s;   // 24 characters: a digest in exponent form
 const QString Refused = u"Login|Mật khẩu hoặc người sử dụng không hợp lệ"_s;
 
-class LogonTest : public ::testing::Test {
+class LogonTest : public ::testing::TestWithParam<test::Engine> {
 protected:
     void SetUp() override
     {
@@ -36,8 +36,10 @@ protected:
         test::whenModalShows([act](QWidget *dialog) { act(*dialog); });
         return clsLogon().ShowLogon(db.db());
     }
-    test::TempDatabase db;
+    test::TempDatabase db{GetParam()};
 };
+
+INSTANTIATE_TEST_SUITE_P(Engines, LogonTest, ::testing::ValuesIn(test::Engines), test::EngineName);
 
 QLineEdit *field(QWidget &form, const char *name) { return child<QLineEdit>(&form, name); }
 void click(QWidget &form, const char *button) { test::click(&form, button); }
@@ -62,7 +64,7 @@ QString clickOkAndReadRefusal(QWidget &form)
 
 } // namespace
 
-TEST_F(LogonTest, TheRightPasswordReturnsTheUsersCodeByEnterAlone)
+TEST_P(LogonTest, TheRightPasswordReturnsTheUsersCodeByEnterAlone)
 {
     EXPECT_EQ(logon([](QWidget &form) {
         EXPECT_EQ(form.windowTitle(), "Login");
@@ -73,18 +75,21 @@ TEST_F(LogonTest, TheRightPasswordReturnsTheUsersCodeByEnterAlone)
         EXPECT_TRUE(child(&form, "CmdOk")->hasFocus());
         QTest::keyClick(form.focusWidget(), Qt::Key_Return);   // Enter on the button logs on
     }), 1);
-    EXPECT_TRUE(db.statements().contains(u"SELECT  *  FROM [User] WHERE ([Name]='admin') And ( [Password]=26209)"_s));
+    if (db.traced())
+        EXPECT_TRUE(db.statements().contains(u"SELECT  *  FROM [User] WHERE ([Name]='admin') And ( [Password]=26209)"_s));
 
     EXPECT_EQ(logon([](QWidget &form) {
         typeAndEnter(form, u"  Nguyễn Văn An  "_s);   // names are trimmed
         test::typeText(field(form, "TxtPass"), u" "_s + LongPassword.toLower());
         click(form, "CmdOk");
     }), 7);
-    EXPECT_TRUE(db.statements().last().contains(u"[Name]='Nguyễn Văn An') And ( [Password]="_s));
-    EXPECT_TRUE(db.statements().last().contains(u"E+"_s));
+    if (db.traced()) {
+        EXPECT_TRUE(db.statements().last().contains(u"[Name]='Nguyễn Văn An') And ( [Password]="_s));
+        EXPECT_TRUE(db.statements().last().contains(u"E+"_s));
+    }
 }
 
-TEST_F(LogonTest, AWrongPasswordIsRefusedAndTheNameSelectedForAnotherTry)
+TEST_P(LogonTest, AWrongPasswordIsRefusedAndTheNameSelectedForAnotherTry)
 {
     EXPECT_EQ(logon([](QWidget &form) {
         typeAndEnter(form, u"admin"_s);
@@ -98,7 +103,7 @@ TEST_F(LogonTest, AWrongPasswordIsRefusedAndTheNameSelectedForAnotherTry)
     }), 1);
 }
 
-TEST_F(LogonTest, FailuresTakeTheErrorBranchAndQuotesNeverReachTheDatabase)
+TEST_P(LogonTest, FailuresTakeTheErrorBranchAndQuotesNeverReachTheDatabase)
 {
     EXPECT_EQ(logon([this](QWidget &form) {
         test::typeText(field(form, "Txtuser"), u"x') Or ('1'='1"_s);
@@ -116,7 +121,7 @@ TEST_F(LogonTest, FailuresTakeTheErrorBranchAndQuotesNeverReachTheDatabase)
     }), 0);
 }
 
-TEST_F(LogonTest, OkWaitsForANameAndEscapeCancels)
+TEST_P(LogonTest, OkWaitsForANameAndEscapeCancels)
 {
     EXPECT_EQ(logon([](QWidget &form) {
         QWidget *ok = child(&form, "CmdOk");

@@ -25,7 +25,7 @@ namespace {
 
 QString digestOf(const QString &password) { return DoubleToText(EncodePassword(password)); }
 
-class UserAdminTest : public ::testing::Test {
+class UserAdminTest : public ::testing::TestWithParam<test::Engine> {
 protected:
     void SetUp() override
     {
@@ -40,8 +40,10 @@ protected:
         test::whenModalShows([act](QWidget *form) { act(child<QTreeView>(form, "Lv")); }, 5000, "FrmMenu");
         clsLogon().UserManager(db.db());
     }
-    test::TempDatabase db;
+    test::TempDatabase db{GetParam()};
 };
+
+INSTANTIATE_TEST_SUITE_P(Engines, UserAdminTest, ::testing::ValuesIn(test::Engines), test::EngineName);
 
 QString text(const QTreeView *list, int row, int column) { return list->model()->index(row, column).data().toString(); }
 
@@ -77,7 +79,7 @@ QString okAndRead(QWidget *editor)
 
 } // namespace
 
-TEST_F(UserAdminTest, DeleteRefusesUserThreeThenTheLastUserThenAsks)
+TEST_P(UserAdminTest, DeleteRefusesUserThreeThenTheLastUserThenAsks)
 {
     const struct {
         const char *setup;   // a change to the users before the list opens
@@ -106,10 +108,11 @@ TEST_F(UserAdminTest, DeleteRefusesUserThreeThenTheLastUserThenAsks)
             click(list->window(), "CmdExit");
         });
     }
-    EXPECT_TRUE(db.statements().contains(u"Delete from [user] Where [Name]='thu'"_s));
+    if (db.traced())
+        EXPECT_TRUE(db.statements().contains(u"Delete from [user] Where [Name]='thu'"_s));
 }
 
-TEST_F(UserAdminTest, AddAppendsTheUsersAddedMeanwhileAndRefusesDuplicatesAndBadPasswords)
+TEST_P(UserAdminTest, AddAppendsTheUsersAddedMeanwhileAndRefusesDuplicatesAndBadPasswords)
 {
     users([this](QTreeView *list) {
         EXPECT_EQ(rows(list), (QStringList{u"admin|Quản trị viên|1"_s, u"ketoan|Kế toán|3"_s, u"thu|Thủ kho|5"_s}));
@@ -140,12 +143,13 @@ TEST_F(UserAdminTest, AddAppendsTheUsersAddedMeanwhileAndRefusesDuplicatesAndBad
         EXPECT_EQ(list->model()->rowCount(), 5);
         click(list->window(), "CmdExit");
     });
-    EXPECT_TRUE(db.statements().contains(
-        u"Insert Into [User](Name,[Dec],IdGroup,[Password]) Values('Nguyễn Thu','',8,"_s + digestOf(u"abc"_s) + u')'));
+    if (db.traced())
+        EXPECT_TRUE(db.statements().contains(
+            u"Insert Into [User](Name,[Dec],IdGroup,[Password]) Values('Nguyễn Thu','',8,"_s + digestOf(u"abc"_s) + u')'));
     EXPECT_FALSE(db.statements().join(u'\n').contains(u"O'Hara"_s));
 }
 
-TEST_F(UserAdminTest, EditWritesThePasswordOnlyWhenItChanged)
+TEST_P(UserAdminTest, EditWritesThePasswordOnlyWhenItChanged)
 {
     users([this](QTreeView *list) {
         test::whenModalShows([](QWidget *editor) {
@@ -171,6 +175,8 @@ TEST_F(UserAdminTest, EditWritesThePasswordOnlyWhenItChanged)
         EXPECT_EQ(rows(list).last(), "thukho|Thủ kho|5");
         click(list->window(), "CmdExit");
     });
+    if (!db.traced())
+        return;
     const QStringList statements = db.statements();
     EXPECT_TRUE(statements.contains(u"UPDATE [User] Set [Name]='ketoan',[Dec]='Kế toán trưởng',IdGroup=8 Where [Name]='ketoan'"_s));
     EXPECT_TRUE(statements.contains(u"UPDATE [User] Set [Name]='thukho',[Dec]='Thủ kho',IdGroup=8,[Password]="_s
@@ -178,7 +184,7 @@ TEST_F(UserAdminTest, EditWritesThePasswordOnlyWhenItChanged)
     EXPECT_TRUE(statements.contains(u"Select  * From [User] Where [Name]='admin' And [Name] <> 'thu'"_s));
 }
 
-TEST_F(UserAdminTest, AUserMayChangeOnlyHisOwnPassword)
+TEST_P(UserAdminTest, AUserMayChangeOnlyHisOwnPassword)
 {
     test::whenModalShows([](QWidget *editor) {
         for (const char *locked : {"Txtuser", "TxtDes", "TxtIdGroup"})
@@ -195,7 +201,7 @@ TEST_F(UserAdminTest, AUserMayChangeOnlyHisOwnPassword)
     EXPECT_EQ(db.scalar(u"Select [Password] From [User] Where Code=5"_s).toDouble(), EncodePassword(u"moi"_s));
 }
 
-TEST_F(UserAdminTest, AMissingTableIsToldAndNothingBreaks)
+TEST_P(UserAdminTest, AMissingTableIsToldAndNothingBreaks)
 {
     db.exec(u"Drop Table [User]"_s);
     QStringList shown;
@@ -204,5 +210,6 @@ TEST_F(UserAdminTest, AMissingTableIsToldAndNothingBreaks)
         EXPECT_EQ(list->model()->rowCount(), 0);
         click(list->window(), "CmdExit");
     });
-    EXPECT_TRUE(shown.value(0).startsWith(u"Thông báo|no such table"_s)) << shown.value(0).toStdString();
+    EXPECT_TRUE(shown.value(0).startsWith(u"Thông báo|"_s) && shown.value(0).contains(u"user"_s, Qt::CaseInsensitive))
+        << shown.value(0).toStdString();   // the engine's own words
 }

@@ -21,7 +21,7 @@ using test::child;
 
 namespace {
 
-class FrmFindTest : public ::testing::Test {
+class FrmFindTest : public ::testing::TestWithParam<test::Engine> {
 protected:
     void SetUp() override
     {
@@ -50,8 +50,10 @@ protected:
         return query.exec(u"Select Count(*) From NhanVien Where "_s + condition) && query.next()
                    ? query.value(0).toLongLong() : 0;
     }
-    test::TempDatabase db;
+    test::TempDatabase db{GetParam()};
 };
+
+INSTANTIATE_TEST_SUITE_P(Engines, FrmFindTest, ::testing::ValuesIn(test::Engines), test::EngineName);
 
 DataCombo1 *combo(QWidget *form, const char *name, int row)
 {
@@ -78,7 +80,7 @@ void fillRow(QWidget *form, int row, int field, int op, const QString &text)
 
 } // namespace
 
-TEST_F(FrmFindTest, RowsComposeTheConditionAndItsWords)
+TEST_P(FrmFindTest, RowsComposeTheConditionAndItsWords)
 {
     const QString condition = find([](QWidget *form) {
         EXPECT_EQ(form->windowTitle(), "Search 1.1");
@@ -93,7 +95,7 @@ TEST_F(FrmFindTest, RowsComposeTheConditionAndItsWords)
     EXPECT_EQ(matched(condition), 1);
 }
 
-TEST_F(FrmFindTest, AnIncompleteRowLocksTheRowsBelowAndTheQuirksAreKept)
+TEST_P(FrmFindTest, AnIncompleteRowLocksTheRowsBelowAndTheQuirksAreKept)
 {
     EXPECT_EQ(find([](QWidget *form) {
         fillRow(form, 0, 0, 1, u"a)b"_s);
@@ -115,7 +117,7 @@ TEST_F(FrmFindTest, AnIncompleteRowLocksTheRowsBelowAndTheQuirksAreKept)
     EXPECT_EQ(find([](QWidget *form) { form->close(); }), "");
 }
 
-TEST_F(FrmFindTest, F2LooksTheValueUpAndAChoiceMovesOn)
+TEST_P(FrmFindTest, F2LooksTheValueUpAndAChoiceMovesOn)
 {
     EXPECT_EQ(find([](QWidget *form) {
         choose(combo(form, "CmbFld", 0), 3);
@@ -132,10 +134,11 @@ TEST_F(FrmFindTest, F2LooksTheValueUpAndAChoiceMovesOn)
         EXPECT_FALSE(value(form, 0)->hasFocus());
         test::click(form, "CmdOK");
     }), "(Phong  =  'BH')");
-    EXPECT_TRUE(db.statements().contains(u"Select * From PhongBan Where Name   Like '%'"_s));
+    if (db.traced())
+        EXPECT_TRUE(db.statements().contains(u"Select * From PhongBan Where Name   Like '%'"_s));
 }
 
-TEST_F(FrmFindTest, TypedValuesNeverMatchMoreThanTheyMean)
+TEST_P(FrmFindTest, TypedValuesNeverMatchMoreThanTheyMean)
 {
     const QString hostile[] = {u"x'y"_s, u"' Or '1'='1"_s, u"Binh') Or ('1'='1"_s, u"1; Delete From NhanVien"_s,
                                u"Binh' --"_s, u"/* Binh"_s, u"\"Binh\""_s, QString(300, u'(')};
@@ -157,7 +160,7 @@ TEST_F(FrmFindTest, TypedValuesNeverMatchMoreThanTheyMean)
     EXPECT_EQ(db.scalar(u"Select Count(*) From NhanVien"_s).toInt(), 4);
 }
 
-TEST_F(FrmFindTest, TheComponentStartsAfreshAndATableWithoutCatalogueOffersNothing)
+TEST_P(FrmFindTest, TheComponentStartsAfreshAndATableWithoutCatalogueOffersNothing)
 {
     clsSearch search;
     search.SetTableSearch(u"NhanVien"_s);
