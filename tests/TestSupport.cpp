@@ -41,10 +41,13 @@ void traceStatements(const QSqlDatabase &db, QStringList *log)
     }, log);
 }
 
-// The suite's server (tests/servers/pg-cluster.sh), started by CTest's fixture.
-const QString ServerFolder = QStringLiteral(ZOLT_TEST_SERVERS);
-
 } // namespace
+
+// Started by CTest's fixture with tests/servers/pg-cluster.sh.
+QString ServerFolder()
+{
+    return QStringLiteral(ZOLT_TEST_SERVERS);
+}
 
 TempDatabase::TempDatabase(Engine engine)
     : m_engine(engine)
@@ -55,12 +58,12 @@ TempDatabase::TempDatabase(Engine engine)
     if (engine == Engine::SQLite) {
         db.setDatabaseName(m_dir.filePath(QStringLiteral("test.db")));
     } else if (engine == Engine::PostgreSQL) {
-        db.setHostName(ServerFolder);
+        db.setHostName(ServerFolder());
         db.setPort(55432);
         db.setUserName(QStringLiteral("zolt"));
         db.setDatabaseName(QStringLiteral("zolt"));
     } else {
-        qputenv("ODBCINI", QFile::encodeName(ServerFolder + QStringLiteral("/odbc.ini")));
+        qputenv("ODBCINI", QFile::encodeName(ServerFolder() + QStringLiteral("/odbc.ini")));
         db.setDatabaseName(QStringLiteral("ZoltTest"));   // the data source the server's script registered
     }
     EXPECT_TRUE(db.open()) << EngineName({engine, 0}) << ": " << db.lastError().text().toStdString();

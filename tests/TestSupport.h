@@ -22,6 +22,8 @@ namespace zolt::test {
 enum class Engine { SQLite, PostgreSQL, Odbc };
 inline const Engine Engines[] = {Engine::SQLite, Engine::PostgreSQL, Engine::Odbc};
 std::string EngineName(const ::testing::TestParamInfo<Engine> &info);
+// The folder of the suite's PostgreSQL server: its socket and data source.
+QString ServerFolder();
 
 // A fresh database on an engine, open for the test's lifetime and installed
 // as the library's current connection: an SQLite file in a temporary folder,

@@ -2,6 +2,7 @@
 #include "data/Options.h"
 
 #include "TestSupport.h"
+#include "platform/WriterTool.h"
 
 #include <zolt/Error.h>
 
@@ -70,4 +71,18 @@ TEST(GetMaxValue, LargestValueOrZero)
     EXPECT_EQ(GetMaxValue(u"Groups"_s, u"Code"_s, db.db()), 12);
     EXPECT_EQ(GetMaxValue(u"Missing"_s, u"Code"_s, db.db()), 0);
     EXPECT_EQ(GetMaxValue(u"Groups"_s, u"Code"_s, QSqlDatabase()), 0);
+}
+
+TEST(SharedServer, TwoDesksWritingAtOnceLoseNothingAndLeaveNoHalfRow)
+{
+    test::TempDatabase db(test::Engine::PostgreSQL);
+    db.createLibraryTables();
+    const QString schema = db.scalar(u"Select current_schema()"_s).toString();
+    const auto desk = [&](const char *prefix) {
+        return test::startWriter({u"desk"_s, test::ServerFolder(), schema, QLatin1String(prefix), u"60"_s});
+    };
+    const auto first = desk("a"), second = desk("b");
+    test::finish({first.get(), second.get()});
+    EXPECT_EQ(db.scalar(u"Select Count(*) From Options Where KeyValue = 'giá trị ' || KeyName"_s).toInt(), 120);
+    EXPECT_EQ(db.scalar(u"Select Count(Distinct Code) From [User] Where [Dec] = 'Nhân viên ' || Name"_s).toInt(), 120);
 }

@@ -5,6 +5,11 @@
 //   writer_tool loop ROOT KEY NAME COUNT   "NAME:i:<1 MiB>:end" COUNT times
 //   writer_tool dsn PREFIX COUNT           registers data sources PREFIX0..
 //   writer_tool ini FILE PREFIX COUNT      keys PREFIX0.. in section [S] of FILE
+//   writer_tool desk SOCKET SCHEMA PREFIX COUNT
+//                                          a desk on the suite's PostgreSQL server:
+//                                          options and users PREFIX0.. in SCHEMA
+#include "data/Database.h"
+#include "data/Options.h"
 #include "platform/IniFile.h"
 #include "platform/Registry.h"
 
@@ -24,6 +29,23 @@ int main(int argc, char **argv)
         for (int i = 0; i < args.value(3).toInt(); ++i)
             zolt::clsRegistry().Create_DSN(args.value(2) + QString::number(i), QStringLiteral("d"),
                                            QStringLiteral("db"), QStringLiteral("srv"), QStringLiteral("SQL Server"));
+        return 0;
+    }
+    if (command == QLatin1String("desk")) {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"));
+        db.setHostName(args.value(2));
+        db.setPort(55432);
+        db.setUserName(QStringLiteral("zolt"));
+        db.setDatabaseName(QStringLiteral("zolt"));
+        if (!db.open())
+            return 1;
+        zolt::SetCurrentConnection(db);
+        zolt::Execute(QStringLiteral("SET search_path TO %1, public").arg(args.value(3)));
+        for (int i = 0; i < args.value(5).toInt(); ++i) {
+            const QString name = args.value(4) + QString::number(i);
+            zolt::SaveOption(QStringLiteral("Kho"), name, QStringLiteral("giá trị ") + name, QString(), 0);
+            zolt::Execute(QStringLiteral("Insert Into [User](Name,[Dec],IdGroup,[Password]) Values('%1','Nhân viên %1',8,1065)").arg(name));
+        }
         return 0;
     }
     if (command == QLatin1String("ini")) {
