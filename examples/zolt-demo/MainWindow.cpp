@@ -3,6 +3,7 @@
 
 #include "Pictures.h"
 
+#include <zolt/DriverSql.h>
 #include <zolt/Enums.h>
 #include <zolt/MenuRights.h>
 #include <zolt/Tesmir.h>
@@ -82,7 +83,7 @@ public:
 QVariant scalar(const QSqlDatabase &db, const QString &sql, const QVariant &bound)
 {
     QSqlQuery query(db);
-    query.prepare(sql);
+    query.prepare(zolt::DriverSql(db, sql));
     query.addBindValue(bound);
     return query.exec() && query.next() ? query.value(0) : QVariant();
 }
@@ -143,13 +144,14 @@ void MainWindow::showGoods(const QString &condition)
 {
     const QString where = condition.isEmpty() ? QString() : QStringLiteral(" WHERE ") + condition;
     QSqlQuery count(m_db);
-    if (!count.exec(QStringLiteral("SELECT COUNT(*) FROM Hang") + where) || !count.next()) {
+    // The wizard's condition is written as the library writes SQL.
+    if (!count.exec(zolt::DriverSql(m_db, QStringLiteral("SELECT COUNT(*) FROM Hang") + where)) || !count.next()) {
         m_logon.MgBox(QStringLiteral("Không lọc được danh mục: ") + count.lastError().text(), zolt::vbOKOnly,
                       QStringLiteral("Bán hàng ZOLT"), zolt::vbExclamation);
         return;
     }
-    m_goods->setQuery(QStringLiteral("SELECT MaHang, TenHang, DonVi, GiaBan, NgayNhap FROM Hang") + where
-                          + QStringLiteral(" ORDER BY MaHang"),
+    m_goods->setQuery(zolt::DriverSql(m_db, QStringLiteral("SELECT MaHang, TenHang, DonVi, GiaBan, NgayNhap FROM Hang")
+                                                  + where + QStringLiteral(" ORDER BY MaHang")),
                       m_db);
     m_summary->setText(QStringLiteral("Người sử dụng: %1   —   %2 mặt hàng")
                            .arg(m_user, zolt::Tesmir().CvNStr(count.value(0).toString())));
@@ -179,17 +181,17 @@ void MainWindow::addSearchMenu()
 void MainWindow::addRightsMenus(qint32 group)
 {
     QSqlQuery rights(m_db);
-    rights.prepare(QStringLiteral("SELECT * FROM Groups WHERE Code = ?"));
+    rights.prepare(zolt::DriverSql(m_db, QStringLiteral("SELECT * FROM Groups WHERE Code = ?")));
     rights.addBindValue(group);
     const bool hasRights = rights.exec() && rights.next();
 
-    QSqlQuery bars(QStringLiteral("SELECT ID, [Desc] FROM Menu ORDER BY ID"), m_db);
+    QSqlQuery bars(zolt::DriverSql(m_db, QStringLiteral("SELECT ID, [Desc] FROM Menu ORDER BY ID")), m_db);
     for (int bar = 0; bars.next(); ++bar) {
         QMenu *menu = menuBar()->addMenu(QLatin1Char('&') + bars.value(1).toString());
         menu->setObjectName(QStringLiteral("menu%1").arg(bars.value(0).toInt()));
         const QVariant mask = hasRights ? rights.value(3 + bar) : QVariant();
         QSqlQuery items(m_db);
-        items.prepare(QStringLiteral("SELECT ID, [Desc] FROM SubMenu WHERE IdMenuBar = ? ORDER BY ID"));
+        items.prepare(zolt::DriverSql(m_db, QStringLiteral("SELECT ID, [Desc] FROM SubMenu WHERE IdMenuBar = ? ORDER BY ID")));
         items.addBindValue(bars.value(0));
         items.exec();
         for (int bit = 0; items.next(); ++bit) {

@@ -28,8 +28,10 @@ int main(int argc, char **argv)
     options.setApplicationDescription(QStringLiteral("A small sales application on the ZOLT library."));
     options.addHelpOption();
     const QCommandLineOption database(QStringLiteral("database"),
-                                      QStringLiteral("The SQLite database to use, created when missing."),
-                                      QStringLiteral("path"));
+                                      QStringLiteral("The database: an SQLite file (created when missing), "
+                                                     "postgresql://user@host:port/dbname (?host=/socket/folder), "
+                                                     "or odbc:DATA-SOURCE. A database without the tables gets them."),
+                                      QStringLiteral("database"));
     const QCommandLineOption tour(QStringLiteral("tour"),
                                   QStringLiteral("Walk through the application by script and save a picture of each step in folder."),
                                   QStringLiteral("folder"));
@@ -45,7 +47,6 @@ int main(int argc, char **argv)
     if (path.isEmpty())
         path = QDir(QStandardPaths::writableLocation(QStandardPaths::AppDataLocation))
                    .filePath(QStringLiteral("zolt-demo.db"));
-    QDir().mkpath(QFileInfo(path).absolutePath());
     QString error;
     bool rowsRead = false;
     const int goods = options.value(rows).toInt(&rowsRead);

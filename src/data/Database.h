@@ -4,6 +4,8 @@
 // The host's connection, kept library-wide, and the one path by which
 // statements reach it.
 
+#include <zolt/DriverSql.h>
+
 #include <QSqlDatabase>
 #include <QString>
 
@@ -25,15 +27,6 @@ extern QString CurrentConnectionString;
 // A connection described as "Driver=...;Database=...", with its server and
 // user when it has them; never its password.
 QString ConnectionString(const QSqlDatabase &db);
-
-// The statement as the connection's engine must receive it. The library
-// writes the original engine's dialect: [bracketed] names, #m/d/y# dates,
-// apostrophes doubled in quoted text. Each engine gets its own: names quoted
-// as it quotes them (lower case on PostgreSQL, which folds plain names),
-// dates as ISO text unless it is that engine behind ODBC, and backslashes in
-// quoted text doubled where it reads them as escapes (MySQL, PostgreSQL with
-// standard_conforming_strings off), so that no typed text ends a literal.
-QString DriverSql(const QSqlDatabase &db, const QString &sql);
 
 // Rewrites every #m/d/y# (optionally with a time) outside quoted text into
 // 'yyyy-mm-dd' (or 'yyyy-mm-dd hh:mm:ss'); month first, as the original engine
