@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+// The library's statements on each engine, beside the same statement as the
+// engine reads it run with QSqlQuery: what adapting the statement and the
+// record set cost on top. The logon's query of 100,000 users, and the query
+// of the selection list on all of them. PostgreSQL and ODBC run on the
+// server that ./run bench starts (ZOLT_BENCH_SERVERS, its folder).
+#include "BenchMain.h"
+
+#include "data/Database.h"
+#include "data/Recordset.h"
+
+#include <QFile>
+#include <QSqlDriver>
+#include <QSqlQuery>
+#include <QVariant>
+
+#include <benchmark/benchmark.h>
+
+using namespace zolt;
+
+namespace {
+
+enum Engine { SQLite, PostgreSQL, Odbc };
+constexpr int Users = 100000;
+
+const QString LogonSql = QStringLiteral("SELECT  *  FROM [User] WHERE ([Name]='nhanvien99999') And ( [Password]=1065)");
+const QString ListSql = QStringLiteral("Select Code, [Name] From [User] Order By Code");
+
+void fill(QSqlDatabase db)
+{
+    QSqlQuery query(db);
+    const bool server = db.driver()->dbmsType() == QSqlDriver::PostgreSQL;
+    if (server) {
+        query.exec(QStringLiteral("DROP SCHEMA IF EXISTS bench CASCADE"));
+        query.exec(QStringLiteral("CREATE SCHEMA bench"));
+        query.exec(QStringLiteral("SET search_path TO bench, public"));
+    }
+    const QString text = server ? QStringLiteral("Citext") : QStringLiteral("Text Collate NoCase");
+    query.exec(DriverSql(db, QStringLiteral("Create Table [User](Code Integer Primary Key, [Name] %1, [Dec] %1, "
+                                            "[Password] Double Precision, IdGroup Integer)").arg(text)));
+    db.transaction();
+    query.prepare(DriverSql(db, QStringLiteral("Insert Into [User] Values(?, ?, ?, 1065, 8)")));
+    for (int i = 0; i < Users; ++i) {
+        query.addBindValue(i);
+        query.addBindValue(QStringLiteral("nhanvien%1").arg(i));
+        query.addBindValue(QStringLiteral("Nhân viên quầy số %1").arg(i));
+        query.exec();
+    }
+    db.commit();
+}
+
+QSqlDatabase connection(Engine engine)
+{
+    static const QString names[] = {QStringLiteral("engine-sqlite"), QStringLiteral("engine-psql"), QStringLiteral("engine-odbc")};
+    if (QSqlDatabase::contains(names[engine]))
+        return QSqlDatabase::database(names[engine]);
+    if (engine == SQLite) {
+        const QSqlDatabase db = bench::Database(names[engine], [](QSqlQuery &) {});
+        fill(db);
+        return db;
+    }
+    if (engine == Odbc)
+        connection(PostgreSQL);   // which fills the server's tables
+    const QString folder = qEnvironmentVariable("ZOLT_BENCH_SERVERS");
+    QSqlDatabase db = QSqlDatabase::addDatabase(engine == PostgreSQL ? QStringLiteral("QPSQL") : QStringLiteral("QODBC"), names[engine]);
+    if (engine == PostgreSQL) {
+        db.setHostName(folder);
+        db.setPort(55432);
+        db.setUserName(QStringLiteral("zolt"));
+        db.setDatabaseName(QStringLiteral("zolt"));
+    } else {
+        qputenv("ODBCINI", QFile::encodeName(folder + QStringLiteral("/odbc.ini")));
+        db.setDatabaseName(QStringLiteral("ZoltTest"));
+    }
+    db.open();
+    if (engine == PostgreSQL)
+        fill(db);
+    QSqlQuery(db).exec(QStringLiteral("SET search_path TO bench, public"));
+    return db;
+}
+
+// Through the library: the statement adapted on its way, read by a record set.
+void library(benchmark::State &state, const QString &sql)
+{
+    const QSqlDatabase db = connection(Engine(state.range(0)));
+    for (auto _ : state) {
+        Recordset rs;
+        if (rs.Open(sql, db) != 0)
+            state.SkipWithError("the statement failed");
+        qsizetype read = 0;
+        for (; !rs.Eof(); rs.MoveNext())
+            read += rs.Value(1).toString().size();
+        benchmark::DoNotOptimize(read);
+    }
+}
+
+// The statement as the engine reads it, written out beforehand.
+void plain(benchmark::State &state, const QString &sql)
+{
+    const QSqlDatabase db = connection(Engine(state.range(0)));
+    const QString adapted = DriverSql(db, sql);
+    for (auto _ : state) {
+        QSqlQuery query(db);
+        if (!query.exec(adapted))
+            state.SkipWithError("the statement failed");
+        qsizetype read = 0;
+        while (query.next())
+            read += query.value(1).toString().size();
+        benchmark::DoNotOptimize(read);
+    }
+}
+
+void BM_LibraryLogon(benchmark::State &state) { library(state, LogonSql); }
+void BM_PlainLogon(benchmark::State &state) { plain(state, LogonSql); }
+void BM_LibraryList(benchmark::State &state) { library(state, ListSql); }
+void BM_PlainList(benchmark::State &state) { plain(state, ListSql); }
+
+BENCHMARK(BM_LibraryLogon)->DenseRange(SQLite, Odbc)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_PlainLogon)->DenseRange(SQLite, Odbc)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_LibraryList)->DenseRange(SQLite, Odbc)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_PlainList)->DenseRange(SQLite, Odbc)->Unit(benchmark::kMillisecond);
+
+const bench::Ratio ratios[] = {
+    {"logon_100k_sqlite", "BM_LibraryLogon/0", "BM_PlainLogon/0"},
+    {"logon_100k_postgresql", "BM_LibraryLogon/1", "BM_PlainLogon/1"},
+    {"logon_100k_odbc", "BM_LibraryLogon/2", "BM_PlainLogon/2"},
+    {"list_100k_sqlite", "BM_LibraryList/0", "BM_PlainList/0"},
+    {"list_100k_postgresql", "BM_LibraryList/1", "BM_PlainList/1"},
+    {"list_100k_odbc", "BM_LibraryList/2", "BM_PlainList/2"},
+};
+
+} // namespace
