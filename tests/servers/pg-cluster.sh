@@ -4,10 +4,12 @@
 # A throwaway cluster in FOLDER, reached only through a Unix socket there
 # (no TCP), trusting its user "zolt", with the database "zolt" (citext
 # installed) and an ODBC data source "ZoltTest" in FOLDER/odbc.ini for
-# unixODBC's PostgreSQL driver. Run as root, the server runs as nobody.
+# unixODBC's PostgreSQL driver. Run as root, the server runs as nobody, in a
+# folder of its own under /tmp that FOLDER links to (nobody may not be able
+# to reach the build folder).
 set -euo pipefail
 action=$1
-folder=$(realpath -m "$2")
+folder=$(realpath -m -s "$2")
 port=55432
 bin=$(ls -d /usr/lib/postgresql/*/bin | sort -V | tail -n 1)
 
@@ -16,21 +18,31 @@ as_owner() {
 }
 
 stop() {
-    if [ -f "$folder/data/postmaster.pid" ]; then
-        as_owner "$bin/pg_ctl" -D "$folder/data" -m immediate -w stop >/dev/null || true
+    local real
+    real=$(readlink -f "$folder" || true)
+    if [ -n "$real" ] && [ -f "$real/data/postmaster.pid" ]; then
+        as_owner "$bin/pg_ctl" -D "$real/data" -m immediate -w stop >/dev/null || true
     fi
 }
 
 case $action in
 start)
     stop
+    if [ -L "$folder" ]; then rm -rf "$(readlink -f "$folder")"; fi
     rm -rf "$folder"
-    mkdir -p "$folder"
-    [ "$(id -u)" -ne 0 ] || chown nobody "$folder"
-    as_owner "$bin/initdb" -D "$folder/data" -U zolt --auth=trust --encoding=UTF8 --locale=C.UTF-8 \
-        > "$folder/initdb.log"
-    as_owner "$bin/pg_ctl" -D "$folder/data" -l "$folder/server.log" -w \
-        -o "-k $folder -p $port -c listen_addresses= -c fsync=off -c max_connections=200" start > /dev/null
+    mkdir -p "$(dirname "$folder")"
+    if [ "$(id -u)" -eq 0 ]; then
+        real=$(mktemp -d /tmp/zolt-pg.XXXXXX)
+        chown nobody "$real"
+        ln -s "$real" "$folder"
+    else
+        mkdir -p "$folder"
+        real=$folder
+    fi
+    as_owner "$bin/initdb" -D "$real/data" -U zolt --auth=trust --encoding=UTF8 --locale=C.UTF-8 \
+        > "$real/initdb.log"
+    as_owner "$bin/pg_ctl" -D "$real/data" -l "$real/server.log" -w \
+        -o "-k $real -p $port -c listen_addresses= -c fsync=off -c max_connections=200" start > /dev/null
     "$bin/psql" -q -h "$folder" -p $port -U zolt -d postgres -c "CREATE DATABASE zolt"
     "$bin/psql" -q -h "$folder" -p $port -U zolt -d zolt -c "CREATE EXTENSION citext"
     cat > "$folder/odbc.ini" <<INI
