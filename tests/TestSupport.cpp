@@ -123,6 +123,20 @@ QVariant TempDatabase::scalar(const QString &sql) const
     return query.value(0);
 }
 
+void TempDatabase::dropConnection() const
+{
+    const QString backend = scalar(QStringLiteral("Select pg_backend_pid()")).toString();
+    {
+        QSqlDatabase admin = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), m_name + QStringLiteral("-admin"));
+        admin.setHostName(ServerFolder());
+        admin.setPort(55432);
+        admin.setUserName(QStringLiteral("zolt"));
+        admin.setDatabaseName(QStringLiteral("zolt"));
+        EXPECT_TRUE(admin.open() && QSqlQuery(admin).exec(QStringLiteral("Select pg_terminate_backend(%1)").arg(backend)));
+    }
+    QSqlDatabase::removeDatabase(m_name + QStringLiteral("-admin"));
+}
+
 int trials(int few, int many)
 {
     return qEnvironmentVariableIsSet("ZOLT_LONG_TRIALS") ? many : few;

@@ -51,6 +51,8 @@ public:
     void exec(const QString &sql) const;
     // The first column of the first row of a query.
     QVariant scalar(const QString &sql) const;
+    // On the server: the server ends this connection, as when it goes down.
+    void dropConnection() const;
 
 private:
     Engine m_engine;

@@ -104,8 +104,10 @@ QVariant Recordset::Value(int position) const
         throw Error(Error::ItemNotFound);
     if (!m_onRow)
         throw Error(Error::NoCurrentRecord);
-    const QVariant value = query().value(position);
-    return value.isNull() ? QVariant() : value;
+    QVariant value = query().value(position);
+    if (value.isNull())
+        return QVariant();   // a database Null, whatever the driver's type
+    return value;
 }
 
 QString Recordset::FieldName(int position) const

@@ -76,6 +76,11 @@ TEST_P(DatabaseTest, FailuresCarryTheDatabaseNumberAndMessage)
         EXPECT_EQ(e.number(), Error::DatabaseFailure);
         EXPECT_TRUE(e.description().contains(u"missing"_s, Qt::CaseInsensitive));
     }
+    if (!db.traced()) {   // a server that went down
+        db.dropConnection();
+        EXPECT_EQ(rs.Open(u"Select * From Sales"_s), Error::DatabaseFailure);
+        EXPECT_EQ(errorNumberOf([] { Execute(u"Delete From Sales"_s); }), Error::DatabaseFailure);
+    }
     db.db().close();
     EXPECT_EQ(rs.Open(u"Select 1"_s), Error::DatabaseFailure);
     EXPECT_EQ(errorNumberOf([] { Execute(u"Delete From Sales"_s); }), Error::DatabaseFailure);

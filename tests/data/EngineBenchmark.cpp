@@ -115,18 +115,18 @@ void BM_PlainLogon(benchmark::State &state) { plain(state, LogonSql); }
 void BM_LibraryList(benchmark::State &state) { library(state, ListSql); }
 void BM_PlainList(benchmark::State &state) { plain(state, ListSql); }
 
-BENCHMARK(BM_LibraryLogon)->DenseRange(SQLite, Odbc)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_PlainLogon)->DenseRange(SQLite, Odbc)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_LibraryList)->DenseRange(SQLite, Odbc)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_PlainList)->DenseRange(SQLite, Odbc)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_LibraryLogon)->DenseRange(SQLite, Odbc)->MinTime(2)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_PlainLogon)->DenseRange(SQLite, Odbc)->MinTime(2)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_LibraryList)->DenseRange(SQLite, Odbc)->MinTime(2)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_PlainList)->DenseRange(SQLite, Odbc)->MinTime(2)->Unit(benchmark::kMillisecond);
 
 const bench::Ratio ratios[] = {
-    {"logon_100k_sqlite", "BM_LibraryLogon/0", "BM_PlainLogon/0"},
-    {"logon_100k_postgresql", "BM_LibraryLogon/1", "BM_PlainLogon/1"},
-    {"logon_100k_odbc", "BM_LibraryLogon/2", "BM_PlainLogon/2"},
-    {"list_100k_sqlite", "BM_LibraryList/0", "BM_PlainList/0"},
-    {"list_100k_postgresql", "BM_LibraryList/1", "BM_PlainList/1"},
-    {"list_100k_odbc", "BM_LibraryList/2", "BM_PlainList/2"},
+    {"logon_100k_sqlite", "BM_LibraryLogon/0/min_time:2.000", "BM_PlainLogon/0/min_time:2.000"},
+    {"logon_100k_postgresql", "BM_LibraryLogon/1/min_time:2.000", "BM_PlainLogon/1/min_time:2.000"},
+    {"logon_100k_odbc", "BM_LibraryLogon/2/min_time:2.000", "BM_PlainLogon/2/min_time:2.000"},
+    {"list_100k_sqlite", "BM_LibraryList/0/min_time:2.000", "BM_PlainList/0/min_time:2.000"},
+    {"list_100k_postgresql", "BM_LibraryList/1/min_time:2.000", "BM_PlainList/1/min_time:2.000"},
+    {"list_100k_odbc", "BM_LibraryList/2/min_time:2.000", "BM_PlainList/2/min_time:2.000"},
 };
 
 } // namespace
