@@ -16,6 +16,11 @@ namespace {
 const QString OdbcIniPath = QStringLiteral("SOFTWARE\\ODBC\\ODBC.INI");
 const QString DataSources = QStringLiteral("ODBC Data Sources");
 const QString Missing = QStringLiteral("\x01");   // an entry's text that no file holds
+const QString Driver = QStringLiteral("Driver");
+// A data source's own "Driver" value as the registry held it. unixODBC's
+// "Driver" entry names the driver it loads: the one "ODBC Data Sources" gives,
+// unless the data source names one itself.
+const QString RegistryDriver = QStringLiteral("RegistryDriver");
 
 struct Entry {
     QString section;
@@ -26,7 +31,7 @@ struct Entry {
 Entry entryOf(const QString &subkey, const QString &name)
 {
     if (subkey.compare(DataSources, Qt::CaseInsensitive) == 0)
-        return {name, QStringLiteral("Driver")};
+        return {name, Driver};
     const qsizetype slash = subkey.indexOf(QLatin1Char('\\'));
     if (slash < 0)
         return {subkey, name};
@@ -40,6 +45,13 @@ QString iniPath(qint32 root)
     if (root == HK_LOCAL_MACHINE)
         return qEnvironmentVariable("ODBCSYSINI", QStringLiteral("/etc")) + QStringLiteral("/odbc.ini");
     return qEnvironmentVariable("ODBCINI", QDir::homePath() + QStringLiteral("/.odbc.ini"));
+}
+
+// A data source's own "Driver" value (not one of a subkey's).
+bool isDataSourceDriver(const QString &subkey, const QString &name)
+{
+    return name.compare(Driver, Qt::CaseInsensitive) == 0 && !subkey.contains(QLatin1Char('\\'))
+        && subkey.compare(DataSources, Qt::CaseInsensitive) != 0;
 }
 
 } // namespace
@@ -72,7 +84,11 @@ qint32 OdbcOpenKey(qint32 root, const QString &subkey)
 qint32 OdbcQueryValue(qint32 root, const QString &subkey, const QString &name, RegValue &value)
 {
     const Entry e = entryOf(subkey, name);
-    const QString text = ReadProfileString(e.section, e.name, Missing, iniPath(root));
+    QString text = Missing;
+    if (isDataSourceDriver(subkey, name))
+        text = ReadProfileString(e.section, RegistryDriver, Missing, iniPath(root));
+    if (text == Missing)
+        text = ReadProfileString(e.section, e.name, Missing, iniPath(root));
     if (text == Missing)
         return RegNotFound;
     value = {RegSz, text.toUtf8()};
@@ -87,7 +103,16 @@ qint32 OdbcSetValue(qint32 root, const QString &subkey, const QString &name, con
         return RegInvalidParameter;
     // Written like every initialisation file: under a lock, replaced whole.
     const Entry e = entryOf(subkey, name);
-    return WriteProfileString(e.section, e.name, text, iniPath(root)) ? RegSuccess : RegAccessDenied;
+    const QString path = iniPath(root);
+    const auto write = [&](const QString &entry) { return WriteProfileString(e.section, entry, text, path); };
+    bool written = true;
+    if (isDataSourceDriver(subkey, name)) {
+        written = write(RegistryDriver) && (text.isEmpty() || write(Driver));
+    } else if (subkey.compare(DataSources, Qt::CaseInsensitive) != 0
+               || ReadProfileString(e.section, RegistryDriver, QString(), path).isEmpty()) {
+        written = write(e.name);
+    }
+    return written ? RegSuccess : RegAccessDenied;
 }
 
 } // namespace zolt

@@ -47,6 +47,14 @@ protected:
     {
         return registry.WriteRegEdit(root, key, name, value);
     }
+    // Milliseconds that a write to the key takes.
+    qint64 timedWrite(const QString &key, qint32 root)
+    {
+        QElapsedTimer taken;
+        taken.start();
+        EXPECT_EQ(write(u"after"_s, u"1"_s, key, root), 0);
+        return taken.elapsed();
+    }
     QTemporaryDir dir;
     clsRegistry registry;
 };
@@ -148,18 +156,21 @@ TEST_F(RegistryTest, ARootThatMayNotBeWrittenRefusesAndKeepsItsValues)
 
 TEST_F(RegistryTest, AKilledWriterLeavesTheOldValueOrTheNewOne)
 {
+    RegCreateKey(HK_CURRENT_USER, Key);
     for (int round = 0, rounds = test::trials(4, 200); round < rounds; ++round) {
         auto writer = test::startWriter({u"loop"_s, User, Key, u"big"_s, u"1000"_s});
         QThread::msleep(40 + QRandomGenerator::global()->bounded(200));
         ::kill(pid_t(writer->processId()), SIGKILL);
         writer->waitForFinished();
+        EXPECT_LT(timedWrite(Key, HK_CURRENT_USER), 1000) << round;   // no stall on a lock it left
         RegValue value;
         const qint32 status = RegQueryValue(HK_CURRENT_USER, Key, u"big"_s, 1 << 22, value);
         if (status == RegNotFound)
             continue;   // killed before its first write was done
         ASSERT_EQ(status, 0);
-        EXPECT_TRUE(value.data.startsWith("big:") && value.data.endsWith(":end")) << round;
-        EXPECT_EQ(value.data.size(), (1 << 20) + 9 + value.data.split(':')[1].size());
+        const QByteArray text = value.data.chopped(1);   // less its terminating zero
+        EXPECT_TRUE(text.startsWith("big:") && text.endsWith(":end")) << round;
+        EXPECT_EQ(text.size(), (1 << 20) + 9 + text.split(':')[1].size());
     }
 }
 
@@ -195,6 +206,7 @@ TEST_F(RegistryTest, DataSourcesSurviveKilledAndConcurrentRegistrations)
         QThread::msleep(20 + QRandomGenerator::global()->bounded(100));
         ::kill(pid_t(writer->processId()), SIGKILL);
         writer->waitForFinished();
+        EXPECT_LT(timedWrite(OdbcIni + u"Keep"_s, HK_LOCAL_MACHINE), 1000) << round;
         EXPECT_TRUE(kept()) << round;
     }
     auto first = test::startWriter({u"dsn"_s, u"A"_s, u"30"_s});
@@ -219,6 +231,11 @@ TEST_F(RegistryTest, DataSourcesAreUnixOdbcs)
                              "AnsiNPW=No", "Driver=SQL Server"})
         EXPECT_TRUE(entries.contains(QString::fromUtf8(line))) << line << "\n" << entries.toStdString();
     EXPECT_EQ(read(u"BanHang"_s, OdbcIni + u"ODBC Data Sources"_s, HK_LOCAL_MACHINE), "SQL Server");
+    // The data source's own Driver reads as written, empty, while unixODBC loads
+    // the driver its entry names; a driver the data source names wins.
+    EXPECT_EQ(read(u"Driver"_s, OdbcIni + u"BanHang"_s, HK_LOCAL_MACHINE), "");
+    EXPECT_EQ(write(u"DRIVER"_s, u"/usr/lib/psqlodbcw.so"_s, OdbcIni + u"BanHang"_s, HK_LOCAL_MACHINE), 0);
+    EXPECT_TRUE(test::readFile(dir.filePath(u"sys/odbc.ini"_s)).contains("Driver=/usr/lib/psqlodbcw.so"));
     EXPECT_EQ(read(u"Server"_s, OdbcIni + u"BanHang"_s), "<untouched>");
 
     registry.Create_DSN_EXL(u"SoKho"_s, u"/data"_s, u"/data/kho.xls"_s, u"excel 5.0"_s);
