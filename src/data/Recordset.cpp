@@ -41,6 +41,7 @@ qint32 Recordset::Open(const QString &sql, const QSqlDatabase &db)
     }
     m_errorText.clear();
     m_record = query.record();
+    m_fieldCount = m_record.count();
     m_query.emplace(std::move(query));
     m_onRow = m_query->first();
     return 0;
@@ -50,6 +51,7 @@ void Recordset::Close()
 {
     m_query.reset();
     m_record.clear();
+    m_fieldCount = 0;
     m_onRow = false;
 }
 
@@ -100,11 +102,15 @@ int Recordset::FieldPosition(const QString &column) const
 
 QVariant Recordset::Value(int position) const
 {
-    if (position < 0 || position >= FieldCount())
+    // Checked here rather than through query() and FieldCount(): this is read
+    // once a column a row.
+    if (!m_query)
+        throw Error(Error::DatabaseFailure, closedText());
+    if (position < 0 || position >= m_fieldCount)
         throw Error(Error::ItemNotFound);
     if (!m_onRow)
         throw Error(Error::NoCurrentRecord);
-    QVariant value = query().value(position);
+    QVariant value = m_query->value(position);
     if (value.isNull())
         return QVariant();   // a database Null, whatever the driver's type
     return value;

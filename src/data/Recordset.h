@@ -48,6 +48,7 @@ private:
 
     std::optional<QSqlQuery> m_query;
     QSqlRecord m_record;   // the columns, looked up once per open rather than per value
+    int m_fieldCount = 0;
     bool m_onRow = false;
     QString m_errorText;
 };
