@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "TestSupport.h"
 
+#include "servers/TestServer.h"
+
 #include "data/Database.h"
 
 #include <zolt/Error.h>
@@ -54,18 +56,10 @@ TempDatabase::TempDatabase(Engine engine)
     , m_name(QUuid::createUuid().toString())
 {
     static const char *const drivers[] = {"QSQLITE", "QPSQL", "QODBC"};
-    QSqlDatabase db = QSqlDatabase::addDatabase(QLatin1String(drivers[int(engine)]), m_name);
-    if (engine == Engine::SQLite) {
+    QSqlDatabase db = engine == Engine::SQLite ? QSqlDatabase::addDatabase(QLatin1String(drivers[0]), m_name)
+                                               : addServerDatabase(QLatin1String(drivers[int(engine)]), m_name, ServerFolder());
+    if (engine == Engine::SQLite)
         db.setDatabaseName(m_dir.filePath(QStringLiteral("test.db")));
-    } else if (engine == Engine::PostgreSQL) {
-        db.setHostName(ServerFolder());
-        db.setPort(55432);
-        db.setUserName(QStringLiteral("zolt"));
-        db.setDatabaseName(QStringLiteral("zolt"));
-    } else {
-        qputenv("ODBCINI", QFile::encodeName(ServerFolder() + QStringLiteral("/odbc.ini")));
-        db.setDatabaseName(QStringLiteral("ZoltTest"));   // the data source the server's script registered
-    }
     EXPECT_TRUE(db.open()) << EngineName({engine, 0}) << ": " << db.lastError().text().toStdString();
     SetCurrentConnection(db);
     if (engine == Engine::SQLite) {
@@ -127,11 +121,7 @@ void TempDatabase::dropConnection() const
 {
     const QString backend = scalar(QStringLiteral("Select pg_backend_pid()")).toString();
     {
-        QSqlDatabase admin = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), m_name + QStringLiteral("-admin"));
-        admin.setHostName(ServerFolder());
-        admin.setPort(55432);
-        admin.setUserName(QStringLiteral("zolt"));
-        admin.setDatabaseName(QStringLiteral("zolt"));
+        QSqlDatabase admin = addServerDatabase(QStringLiteral("QPSQL"), m_name + QStringLiteral("-admin"), ServerFolder());
         EXPECT_TRUE(admin.open() && QSqlQuery(admin).exec(QStringLiteral("Select pg_terminate_backend(%1)").arg(backend)));
     }
     QSqlDatabase::removeDatabase(m_name + QStringLiteral("-admin"));

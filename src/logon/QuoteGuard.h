@@ -14,7 +14,7 @@ namespace zolt {
 // What the user is told when a box holds such text.
 extern const QString QuoteRefused;
 
-// When the box's text would end its literal on the library's connection:
+// When the box's text would end its literal early:
 // tells the user under title, focuses the box with its text selected and
 // returns true. Otherwise returns false and does nothing.
 bool RefuseQuote(QLineEdit *box, const QString &title);

@@ -8,8 +8,8 @@
 
 #include "data/Database.h"
 #include "data/Recordset.h"
+#include "servers/TestServer.h"
 
-#include <QFile>
 #include <QSqlDriver>
 #include <QSqlQuery>
 #include <QVariant>
@@ -61,17 +61,8 @@ QSqlDatabase connection(Engine engine)
     }
     if (engine == Odbc)
         connection(PostgreSQL);   // which fills the server's tables
-    const QString folder = qEnvironmentVariable("ZOLT_BENCH_SERVERS");
-    QSqlDatabase db = QSqlDatabase::addDatabase(engine == PostgreSQL ? QStringLiteral("QPSQL") : QStringLiteral("QODBC"), names[engine]);
-    if (engine == PostgreSQL) {
-        db.setHostName(folder);
-        db.setPort(55432);
-        db.setUserName(QStringLiteral("zolt"));
-        db.setDatabaseName(QStringLiteral("zolt"));
-    } else {
-        qputenv("ODBCINI", QFile::encodeName(folder + QStringLiteral("/odbc.ini")));
-        db.setDatabaseName(QStringLiteral("ZoltTest"));
-    }
+    QSqlDatabase db = test::addServerDatabase(engine == PostgreSQL ? QStringLiteral("QPSQL") : QStringLiteral("QODBC"),
+                                              names[engine], qEnvironmentVariable("ZOLT_BENCH_SERVERS"));
     db.open();
     if (engine == PostgreSQL)
         fill(db);

@@ -12,6 +12,7 @@
 #include "data/Options.h"
 #include "platform/IniFile.h"
 #include "platform/Registry.h"
+#include "servers/TestServer.h"
 
 #include <zolt/clsRegistry.h>
 
@@ -32,11 +33,7 @@ int main(int argc, char **argv)
         return 0;
     }
     if (command == QLatin1String("desk")) {
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"));
-        db.setHostName(args.value(2));
-        db.setPort(55432);
-        db.setUserName(QStringLiteral("zolt"));
-        db.setDatabaseName(QStringLiteral("zolt"));
+        QSqlDatabase db = zolt::test::addServerDatabase(QStringLiteral("QPSQL"), QStringLiteral("desk"), args.value(2));
         if (!db.open())
             return 1;
         zolt::SetCurrentConnection(db);

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+// How the test and benchmark programs reach the PostgreSQL server that
+// pg-cluster.sh starts in a folder: its socket there, user and database "zolt",
+// and the ODBC data source "ZoltTest" in that folder's odbc.ini.
+
+#include <QFile>
+#include <QSqlDatabase>
+#include <QString>
+
+namespace zolt::test {
+
+// A connection (not yet open) to the server in folder, directly (QPSQL) or
+// through unixODBC (QODBC).
+inline QSqlDatabase addServerDatabase(const QString &driver, const QString &name, const QString &folder)
+{
+    QSqlDatabase db = QSqlDatabase::addDatabase(driver, name);
+    if (driver == QLatin1String("QODBC")) {
+        qputenv("ODBCINI", QFile::encodeName(folder + QStringLiteral("/odbc.ini")));
+        db.setDatabaseName(QStringLiteral("ZoltTest"));
+    } else {
+        db.setHostName(folder);
+        db.setPort(55432);
+        db.setUserName(QStringLiteral("zolt"));
+        db.setDatabaseName(QStringLiteral("zolt"));
+    }
+    return db;
+}
+
+} // namespace zolt::test
