@@ -56,6 +56,9 @@ INI
     ;;
 stop)
     stop
+    if [ -L "$folder" ]; then   # the folder under /tmp goes with it
+        rm -rf "$(readlink -f "$folder")" "$folder"
+    fi
     ;;
 *)
     echo "usage: $0 start|stop FOLDER" >&2
