@@ -62,9 +62,12 @@ TEST_P(OptionsTest, TextComparesWithoutRegardToCaseVietnameseLettersIncluded)
         EXPECT_EQ(db.scalar(u"Select Count(*) From Options Where "_s + condition).toInt(), count) << condition.toStdString();
 }
 
-TEST(GetMaxValue, LargestValueOrZero)
+class GetMaxValueTest : public ::testing::TestWithParam<test::Engine> {};
+INSTANTIATE_TEST_SUITE_P(Engines, GetMaxValueTest, ::testing::ValuesIn(test::Engines), test::EngineName);
+
+TEST_P(GetMaxValueTest, LargestValueOrZero)
 {
-    test::TempDatabase db;
+    test::TempDatabase db(GetParam());
     db.exec(u"Create Table Groups(Code Integer)"_s);
     EXPECT_EQ(GetMaxValue(u"Groups"_s, u"Code"_s, db.db()), 0);
     db.exec(u"Insert Into Groups Values(8), (1), (12), (3)"_s);
