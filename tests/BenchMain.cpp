@@ -57,6 +57,17 @@ QSqlDatabase Database(const QString &name, const std::function<void(QSqlQuery &)
     return db;
 }
 
+std::map<std::string, double> &measured()
+{
+    static std::map<std::string, double> ratios;
+    return ratios;
+}
+
+void MeasuredRatio(const std::string &name, double ratio)
+{
+    measured()[name] = ratio;
+}
+
 Ratio::Ratio(const char *name, const char *measured, const char *baseline)
 {
     declared().push_back({name, measured, baseline});
@@ -80,6 +91,8 @@ int main(int argc, char **argv)
         if (reporter.seconds.count(measured) && reporter.seconds.count(baseline))
             std::printf("ratio %s %.2f\n", name, reporter.seconds[measured] / reporter.seconds[baseline]);
     }
+    for (const auto &[name, ratio] : zolt::bench::measured())
+        std::printf("ratio %s %.2f\n", name.c_str(), ratio);
     benchmark::Shutdown();
     return 0;
 }

@@ -10,6 +10,7 @@
 #include <QString>
 
 #include <functional>
+#include <string>
 
 namespace zolt::bench {
 
@@ -20,5 +21,10 @@ QSqlDatabase Database(const QString &name, const std::function<void(QSqlQuery &)
 struct Ratio {
     Ratio(const char *name, const char *measured, const char *baseline);
 };
+
+// A ratio a benchmark measured itself, timing its work and its baseline in
+// turn within each iteration (where the two would drift apart if run one
+// after the other, as on a shared server); the last run's value is printed.
+void MeasuredRatio(const std::string &name, double ratio);
 
 } // namespace zolt::bench
