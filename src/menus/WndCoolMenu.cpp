@@ -116,9 +116,9 @@ void WndCoolMenu::GiveLook(QWidget *menu) const
     menu->update();
 }
 
-void WndCoolMenu::Restore(QWidget *menu, const Look &look) const
+void WndCoolMenu::Restore(QWidget *menu, const Look &look)
 {
-    menu->removeEventFilter(const_cast<WndCoolMenu *>(this));
+    menu->removeEventFilter(this);
     if (!look.converted)
         return;
     menu->setStyle(look.style);

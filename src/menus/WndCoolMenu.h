@@ -71,7 +71,7 @@ protected:
 private:
     struct Look;
     void GiveLook(QWidget *menu) const;
-    void Restore(QWidget *menu, const Look &look) const;
+    void Restore(QWidget *menu, const Look &look);
 
     const std::unique_ptr<CoolMenuStyle> m_style;
     QList<QPointer<QMenu>> m_heads;
