@@ -13,7 +13,6 @@ namespace zolt {
 // A watched widget's own look, as it was before the library watched it.
 struct WndCoolMenu::Look {
     QPointer<QWidget> widget;
-    QMetaObject::Connection destroyed;
     bool converted = false;
     QStyle *style = nullptr;   // set by its owner, else the application's
     bool hadFont = false;
@@ -32,7 +31,6 @@ WndCoolMenu::WndCoolMenu(QWidget *window)
 WndCoolMenu::~WndCoolMenu()
 {
     for (const auto &[menu, look] : m_watched) {
-        disconnect(look.destroyed);
         if (look.widget)
             Restore(look.widget, look);
     }
@@ -64,7 +62,7 @@ void WndCoolMenu::Watch(QWidget *menu)
     look.font = menu->font();
     look.hadDirection = menu->testAttribute(Qt::WA_SetLayoutDirection);
     look.direction = menu->layoutDirection();
-    look.destroyed = connect(menu, &QObject::destroyed, this, [this, menu] { m_watched.erase(menu); });
+    connect(menu, &QObject::destroyed, this, [this, menu] { m_watched.erase(menu); });
     m_watched.emplace(menu, look);
     menu->installEventFilter(this);
     if (auto *popup = qobject_cast<QMenu *>(menu))

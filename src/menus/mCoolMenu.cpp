@@ -191,7 +191,7 @@ bool WindowProc(WndCoolMenu &wnd, QObject *watched, QEvent *event)
     case QEvent::KeyPress: {
         auto *popup = qobject_cast<QMenu *>(menu);
         const auto *key = static_cast<QKeyEvent *>(event);
-        return popup && IsMnemonicKey(*key) && OnMenuChar(wnd, popup, key->text());
+        return popup && IsMnemonicKey(*key) && OnMenuChar(popup, key->text());
     }
     case QEvent::ActionAdded:
     case QEvent::ActionChanged:
@@ -244,7 +244,7 @@ void OnMenuSelect(WndCoolMenu &wnd, QWidget *menu, QAction *item)
         wnd.HelpObj->RaiseHelpEvent(ReadableCaption(data->sMenuText), data->sMenuHelp, item->isEnabled());
 }
 
-bool OnMenuChar(WndCoolMenu &, QMenu *menu, const QString &character)
+bool OnMenuChar(QMenu *menu, const QString &character)
 {
     const PrefixMatcher typed(character, true);
     QList<QAction *> matches;

@@ -47,7 +47,7 @@ void OnInitPopup(WndCoolMenu &wnd, QMenu *popup);
 void OnMenuSelect(WndCoolMenu &wnd, QWidget *menu, QAction *item);
 // A character was typed in an open menu: selects or runs the item whose
 // mnemonic it is; false when it is no item's.
-bool OnMenuChar(WndCoolMenu &wnd, QMenu *menu, const QString &character);
+bool OnMenuChar(QMenu *menu, const QString &character);
 
 // The caption as a user reads it: "&" marks gone, "&&" read as "&".
 QString ReadableCaption(const QString &caption);
