@@ -10,6 +10,14 @@
 -- that =, <> and LIKE ignore case, Vietnamese letters included, as the
 -- library expects of every text it compares.
 CREATE EXTENSION IF NOT EXISTS citext;
+CREATE EXTENSION IF NOT EXISTS unaccent;
+
+-- How a clerk's search compares text (ConditionSql): typed text with marks
+-- through zolt_nocase, typed text without any through zolt_bare, on both
+-- sides of the comparison. Immutable, so that a host can index a column it
+-- searches on zolt_bare(column) with text_pattern_ops (see the host's guide).
+CREATE OR REPLACE FUNCTION zolt_nocase(text) RETURNS text LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE AS $$ SELECT lower(normalize($1, NFC)) $$;
+CREATE OR REPLACE FUNCTION zolt_bare(text) RETURNS text LANGUAGE sql IMMUTABLE STRICT PARALLEL SAFE AS $$ SELECT lower(unaccent('unaccent', $1)) $$;
 
 -- Codes of new users and groups: the next of a sequence that also follows
 -- codes written explicitly, so that two desks adding at once never collide.

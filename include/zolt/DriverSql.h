@@ -20,7 +20,18 @@ namespace zolt {
 // ODBC is of no known kind (the original engine reads them), and backslashes
 // in quoted text are doubled where the engine reads them as escapes (MySQL,
 // PostgreSQL with standard_conforming_strings off), so that no typed text
-// ends a literal.
+// ends a literal. Inside apostrophes a doubled double quote stands for one, as
+// the library's quoting writes it: text is stored exactly as it was typed.
 ZOLT_EXPORT QString DriverSql(const QSqlDatabase &db, const QString &sql);
+
+// A condition the search wizard handed back (or any condition a clerk's typed
+// text reaches) ready for db's engine: DriverSql, and besides, every
+// comparison of a field with quoted text (=, <>, LIKE, IN) as a clerk expects
+// it: case never matters; typed text without any diacritic matches text with
+// or without them ("banh" finds "Bánh", "d" finds "Đ") unless the option
+// Config/AccentBlindSearch is "0"; typed marks must match; text stored
+// decomposed matches as if composed. On SQLite and PostgreSQL (directly or
+// through ODBC); on PostgreSQL it needs the functions of the shipped schema.
+ZOLT_EXPORT QString ConditionSql(const QSqlDatabase &db, const QString &condition);
 
 } // namespace zolt

@@ -50,8 +50,10 @@ public:
     // The search wizard on table TblName of Connection, which becomes the
     // library's connection: the condition the user composed, to be put after
     // WHERE, or "" when he cancelled or the table has no catalogue rows.
-    // A QSqlDatabase without a driver raises zolt::Error 13.
-    QString FindShow(const QSqlDatabase &Connection, const QString &TblName) const;
+    // A QSqlDatabase without a driver raises zolt::Error 13. Words, when
+    // given, receives the condition as a clerk reads it ("Tên hàng bắt đầu
+    // bằng 'Bánh'"); ConditionSql makes the condition ready for the engine.
+    QString FindShow(const QSqlDatabase &Connection, const QString &TblName, QString *Words = nullptr) const;
 
     // "-" or "+" when St starts with it, else "".
     QString Sign(const QString &St) const;

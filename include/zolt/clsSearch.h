@@ -35,11 +35,16 @@ public:
     QString TableSearch() const;
     void SetTableSearch(const QString &TableName);
 
-    // The condition left by the last Show.
+    // The condition left by the last Show, and the same as a clerk reads it
+    // ("Tên hàng bắt đầu bằng 'Bánh' và Giá lớn hơn 490.000"); ConditionSql
+    // makes the condition ready for the connection's engine.
     QString Result() const;
+    QString ResultWords() const;
 
     // Shows the dialog: modally when Modal is 1, else without waiting, in
-    // which case Result is read at once and is "".
+    // which case Result is read at once and is "". A dialog shown without
+    // waiting for the same table and still open is brought forward instead;
+    // any other call shows a dialog of its own.
     void Show(std::optional<qint32> Modal = std::nullopt, QWidget *OwnerForm = nullptr);
 
 private:

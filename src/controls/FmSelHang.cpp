@@ -4,8 +4,9 @@
 #include "controls/clsListBox.h"
 #include "data/General.h"
 #include "data/KeyPreview.h"
-#include "data/Options.h"
+#include "data/Database.h"
 #include "data/PrefixMatcher.h"
+#include "data/TextFold.h"
 #include "search/MFind.h"
 
 #include <zolt/Error.h>
@@ -60,20 +61,19 @@ FmSelHang::FmSelHang(QWidget *parent)
     m_binder->SetTListBox(lv1IP);
     connect(TxtSelH, &QLineEdit::textChanged, this, &FmSelHang::TxtSelH_Change);
     TxtSelH->installEventFilter(this);
-    // Only a click takes a row; moving with the keys does not.
-    connect(lv1IP, &QListView::clicked, this, [this] {
-        if (m_binder->ListCount() > 0)
-            SelectedValue = m_binder->Value();
+    // The row highlighted is the row taken, however it got there: mouse,
+    // keys, typing, or the load. Enter or a double click on it chooses it.
+    connect(lv1IP->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
+        SelectedValue = m_binder->Value();
     });
-    connect(CmdSel, &QPushButton::clicked, this, [this] {
-        Chosen = true;
-        accept();
-    });
+    connect(lv1IP, &QListView::doubleClicked, this, &FmSelHang::choose);
+    connect(CmdSel, &QPushButton::clicked, this, &FmSelHang::choose);
     connect(CmdQuit, &QPushButton::clicked, this, [this] {
         Chosen = false;
         reject();
     });
     EnterMovesToNextControl(this);
+    lv1IP->installEventFilter(this);   // after the key preview, so that it sees Enter first
 }
 
 FmSelHang::~FmSelHang() = default;
@@ -87,16 +87,20 @@ int FmSelHang::exec()
 void FmSelHang::Load()
 {
     ApplyFormSettings(this);
-    m_accentBlind = ReadOption(QStringLiteral("Config"), QStringLiteral("AccentBlindSearch"), QString()) != u'0';
+    m_accentBlind = AccentBlindSearchOn(CurrentConnection());
     ReadInfo(ListSql);
     SelectedValue = m_binder->Value();
     Chosen = false;
     TxtSelH->setText(SearchText);
     TxtSelH->setFocus();
-    if (m_binder->ListCount() > 0) {
+    if (m_binder->ListCount() > 0)
         selectRow(0);
-        SelectedValue = m_binder->Value();   // the row selected on load counts as clicked
-    }
+}
+
+void FmSelHang::choose()
+{
+    Chosen = true;
+    accept();
 }
 
 // Leaving by any way but Chọn gives no choice.
@@ -120,6 +124,9 @@ qint32 FmSelHang::ReadInfo(const QString &Sql)
         } catch (const Error &) {
             // a query of one column lists nothing
         }
+        // Names stored decomposed are matched and shown composed.
+        for (QString &name : names)
+            name = name.normalized(QString::NormalizationForm_C);
         m_binder->AppendItems(names, codes);
     }
     return 0;
@@ -152,6 +159,13 @@ void FmSelHang::selectRow(int row)
 // and stay there.
 bool FmSelHang::eventFilter(QObject *watched, QEvent *event)
 {
+    if (watched == lv1IP && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        if ((key == Qt::Key_Return || key == Qt::Key_Enter) && lv1IP->currentIndex().isValid()) {
+            choose();
+            return true;
+        }
+    }
     if (watched == TxtSelH && event->type() == QEvent::KeyPress) {
         auto *key = static_cast<QKeyEvent *>(event);
         if (key->key() == Qt::Key_Up || key->key() == Qt::Key_Down || key->key() == Qt::Key_PageUp

@@ -28,8 +28,8 @@ public:
     // Set by the caller: the query (code, then name) and the text typed so far.
     QString ListSql;
     QString SearchText;
-    // The code of the row clicked last, or of the row selected on load; ""
-    // unless the dialog was left by Chọn.
+    // The code of the row highlighted; "" when none is, or unless the dialog
+    // was left by Chọn (Enter or a double click on the row).
     QString SelectedValue;
     bool Chosen = false;
 
@@ -48,6 +48,7 @@ protected:
 
 private:
     void TxtSelH_Change();
+    void choose();
     void selectRow(int row);
 
     bool m_accentBlind = true;

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// Text compared as the original engine compared it: without regard to case,
-// Vietnamese letters included ("ĐỖ" equals "đỗ", "bánh%" finds "Bánh quy").
-// PostgreSQL gets it from its citext columns; an SQLite connection needs the
-// comparisons registered on its handle.
+// Text compared as the original engine compared it, without regard to case,
+// Vietnamese letters included ("ĐỖ" equals "đỗ", "bánh%" finds "Bánh quy"),
+// and for a clerk's search also without regard to diacritics (TextFold).
+// PostgreSQL gets it from its citext columns and the functions of the shipped
+// schema; an SQLite connection needs the comparisons registered on its handle.
 
 #include <QSqlDatabase>
 #include <QStringView>
@@ -13,11 +14,15 @@ namespace zolt {
 
 // On an SQLite connection, replaces LIKE and the collation NOCASE (of text
 // columns declared COLLATE NOCASE) by case-blind comparisons of the whole of
-// Unicode; SQLite's own fold only ASCII letters. Other connections are left alone.
+// Unicode (SQLite's own fold only ASCII letters), and adds their accent-blind
+// counterparts: the function zolt_bare_like(text, pattern) and the collation
+// ZOLT_BARE. Decomposed text compares as if composed. Other connections are
+// left alone.
 void RegisterCaseBlindText(const QSqlDatabase &db);
 
-// LIKE without regard to case: "%" any run of characters, "_" any one, the
-// escape character (when not null) makes the next one plain.
-bool CaseBlindLike(QStringView pattern, QStringView text, QChar escape = QChar());
+// LIKE without regard to case, and with accentBlind also to diacritics: "%"
+// any run of characters, "_" any one, the escape character (when not null)
+// makes the next one plain.
+bool TextLike(QStringView pattern, QStringView text, bool accentBlind, QChar escape = QChar());
 
 } // namespace zolt

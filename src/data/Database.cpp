@@ -76,8 +76,9 @@ Dialect dialectOf(const QSqlDatabase &db, bool statementHasBackslash)
     }
 }
 
-// The statement in the engine's dialect: quoted text copied (its backslashes
-// doubled where the engine reads escapes), [names] quoted as the engine quotes
+// The statement in the engine's dialect: quoted text copied (inside
+// apostrophes a doubled double quote made one, backslashes doubled where the
+// engine reads escapes), [names] quoted as the engine quotes
 // names, #m/d/y# literals as ISO text where the engine lacks them.
 QString adapt(const QString &sql, const Dialect &dialect)
 {
@@ -100,8 +101,13 @@ QString adapt(const QString &sql, const Dialect &dialect)
                 ++end;
             }
             QString quoted = sql.mid(i, end - i + 1);
-            if (dialect.backslashEscapes && c == u'\'')
-                quoted.replace(u'\\', QStringLiteral("\\\\"));
+            if (c == u'\'') {
+                // The library's quoting doubles double quotes too; the text
+                // typed had one.
+                quoted.replace(QStringLiteral("\"\""), QStringLiteral("\""));
+                if (dialect.backslashEscapes)
+                    quoted.replace(u'\\', QStringLiteral("\\\\"));
+            }
             out += quoted;
             i = end + 1;
             continue;

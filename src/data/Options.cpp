@@ -48,11 +48,15 @@ QString updateOption(const QString &section, const QString &key, const QString &
 
 QString ReadOption(const QString &section, const QString &key, const QString &defaultValue)
 {
+    return ReadOption(section, key, defaultValue, CurrentConnection());
+}
+
+QString ReadOption(const QString &section, const QString &key, const QString &defaultValue, const QSqlDatabase &db)
+{
     QString value;
     try {
         Recordset rs;
-        if (OpenQuery(rs, QStringLiteral("Select * From [Options]") + keyCondition(section, key)) == 0
-            && HasRows(rs))
+        if (rs.Open(QStringLiteral("Select * From [Options]") + keyCondition(section, key), db) == 0 && !rs.Eof())
             value = NullToStr(rs.Value(QStringLiteral("KeyValue")));
     } catch (const Error &) {
         // a read that fails is a missing value
@@ -76,8 +80,10 @@ qint32 GetMaxValue(const QString &table, const QString &field, const QSqlDatabas
         Recordset rs;
         // A name the caller has bracketed already is not bracketed twice.
         const QString from = table.startsWith(QLatin1Char('[')) ? table : u'[' + table + u']';
+        // Engines put Nulls first or last when sorting; none is the largest.
         const QString sql = QStringLiteral("Select  [") + field + QStringLiteral("]  from ") + from
-                            + QStringLiteral(" Order by [") + field + QLatin1Char(']');
+                            + QStringLiteral(" Where [") + field + QStringLiteral("] Is Not Null Order by [") + field
+                            + QLatin1Char(']');
         if (rs.Open(sql, connection) != 0 || rs.Eof())
             return 0;
         rs.MoveLast();

@@ -9,8 +9,10 @@
 namespace zolt {
 
 // The stored value of (section, key), or defaultValue when there is no row,
-// the value is Null or empty, or the read fails.
+// the value is Null or empty, or the read fails; on CurrentConnection unless
+// another connection is named.
 QString ReadOption(const QString &section, const QString &key, const QString &defaultValue);
+QString ReadOption(const QString &section, const QString &key, const QString &defaultValue, const QSqlDatabase &db);
 
 // Stores the value by update-or-insert (insert only, with isNew set); the
 // description is written when not empty. A failure raises zolt::Error.

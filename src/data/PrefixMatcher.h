@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// Finding a name by its first letters as clerks type them: case aside, and,
-// when the typed text carries no diacritic, without regard to diacritics
-// ("nguyen" finds "Nguyễn", "duong" finds "Đường"). Typed text is taken in
-// Unicode normal form C, so that what an input method sends decomposed
-// matches the precomposed names of the database.
+// Finding a name by its first letters as clerks type them, by the rule of
+// TextFold ("nguyen" finds "Nguyễn", "duong" finds "Đường"). Typed text is
+// taken in Unicode normal form C, so that what an input method sends
+// decomposed matches the names, which the lists hold composed.
 
 #include <QString>
 #include <QStringView>
@@ -14,8 +13,9 @@ namespace zolt {
 
 class PrefixMatcher {
 public:
-    // accentBlind: whether typed text without diacritics may match names with them.
-    PrefixMatcher(const QString &typed, bool accentBlind);
+    // accentBlindSearch: the setting that lets typed text without diacritics
+    // match names with them.
+    PrefixMatcher(const QString &typed, bool accentBlindSearch);
 
     // True when text begins with the typed text.
     bool Matches(QStringView text) const
@@ -33,9 +33,5 @@ private:
     QString m_typed;           // folded as m_fold folds
     const char16_t *m_fold;    // the fold of every UTF-16 code unit
 };
-
-// True when the text holds a letter with a diacritic (a Vietnamese tone or
-// vowel mark, or "đ").
-bool HasDiacritics(QStringView text);
 
 } // namespace zolt

@@ -137,12 +137,14 @@ QString Tesmir::ReadRegVlA(const QString &UserName, const QString &VlName,
     return ReadProfileString(UserName, VlName, QString(), Path).left(BufferLength);
 }
 
-QString Tesmir::FindShow(const QSqlDatabase &Connection, const QString &TblName) const
+QString Tesmir::FindShow(const QSqlDatabase &Connection, const QString &TblName, QString *Words) const
 {
     UseConnection(Connection);
     clsSearch search;
     search.SetTableSearch(TblName);
     search.Show(1);
+    if (Words)
+        *Words = search.ResultWords();
     return search.Result();
 }
 

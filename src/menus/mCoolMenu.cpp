@@ -16,6 +16,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPointer>
+#include <QTimer>
 
 #include <map>
 #include <memory>
@@ -84,11 +85,25 @@ void ForgetItem(WndCoolMenu &wnd, QAction *action)
     wnd.Items().remove(action);
 }
 
+// Every drop-down of a bar that is not converted is still converted when it
+// opens, as any popup of the window is.
+void WatchPopupsOf(WndCoolMenu &wnd, QMenuBar *bar)
+{
+    wnd.Watch(bar);
+    for (QAction *action : bar->actions()) {
+        if (action->menu())
+            wnd.Watch(action->menu());
+    }
+}
+
 // A window whose document window put its own menu bar in place: the bar that
-// replaced the recorded one is converted, once.
+// replaced the recorded one is converted, once; any other new bar's popups
+// are converted as they open.
 void CheckMenuBar(WndCoolMenu &wnd)
 {
     QMenuBar *bar = MenuBarOf(wnd.hWnd);
+    if (bar && !wnd.IsWatched(bar))
+        WatchPopupsOf(wnd, bar);
     if (wnd.SCMainMenu == qintptr(bar) || wnd.SCMainMenu == 0 || wnd.SCMainMenu == WndCoolMenu::NoMenuBar)
         return;
     wnd.SCMainMenu = WndCoolMenu::NoMenuBar;
@@ -183,8 +198,11 @@ bool WindowProc(WndCoolMenu &wnd, QObject *watched, QEvent *event)
         return false;
     }
     auto *menu = static_cast<QWidget *>(watched);
-    if (!wnd.IsConverted(menu))
+    if (!wnd.IsConverted(menu)) {
+        if (auto *bar = qobject_cast<QMenuBar *>(menu); bar && event->type() == QEvent::ActionAdded)
+            WatchPopupsOf(wnd, bar);
         return false;
+    }
     switch (event->type()) {
     case QEvent::StatusTip:
         return true;   // the help event takes the place of the status tips
@@ -203,6 +221,8 @@ bool WindowProc(WndCoolMenu &wnd, QObject *watched, QEvent *event)
     case QEvent::Hide:
         if (const QString head = HeadIndexOf(wnd, menu); !head.isEmpty() && head == wnd.MainPopedIndex)
             wnd.MainPopedIndex.clear();
+        if (qobject_cast<QMenu *>(menu))
+            QTimer::singleShot(0, &wnd, [&wnd] { OnMenusClosed(wnd); });
         break;
     default:
         break;
@@ -231,6 +251,16 @@ void OnInitPopup(WndCoolMenu &wnd, QMenu *popup)
         ConvertMenu(wnd, popup, false);
     if (const QString head = HeadIndexOf(wnd, popup); !head.isEmpty())
         wnd.MainPopedIndex = head;
+}
+
+// Once the last popup has closed, no item is highlighted: its help goes.
+void OnMenusClosed(WndCoolMenu &wnd)
+{
+    if (QApplication::activePopupWidget() || !state->selected)
+        return;
+    state->selected = nullptr;
+    if (wnd.HelpObj)
+        wnd.HelpObj->RaiseHelpEvent(QString(), QString(), true);
 }
 
 void OnMenuSelect(WndCoolMenu &wnd, QWidget *menu, QAction *item)

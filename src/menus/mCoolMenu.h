@@ -45,6 +45,8 @@ void ConvertMenu(WndCoolMenu &wnd, QWidget *menu, bool mainMenu);
 void OnInitPopup(WndCoolMenu &wnd, QMenu *popup);
 // An item was highlighted: raises its help.
 void OnMenuSelect(WndCoolMenu &wnd, QWidget *menu, QAction *item);
+// A popup closed: when none is open any more, raises empty help.
+void OnMenusClosed(WndCoolMenu &wnd);
 // A character was typed in an open menu: selects or runs the item whose
 // mnemonic it is; false when it is no item's.
 bool OnMenuChar(QMenu *menu, const QString &character);

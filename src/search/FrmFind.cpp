@@ -3,12 +3,16 @@
 
 #include "controls/DataCombo1.h"
 #include "controls/FmSelHang.h"
+#include "data/ClerkComparisons.h"
 #include "data/Conversions.h"
 #include "data/Database.h"
 #include "data/General.h"
 #include "data/KeyPreview.h"
 #include "data/SqlFunc.h"
+#include "msgbox/MdlMsg.h"
 #include "search/MFind.h"
+
+#include <zolt/Tesmir.h>
 
 #include <QFrame>
 #include <QGridLayout>
@@ -97,12 +101,10 @@ FrmFind::FrmFind(QWidget *parent)
         if (cmbLg[i])
             connect(cmbLg[i], &DataCombo1::Click, this, &FrmFind::SetEnable);
     }
-    connect(CmdOK, &QPushButton::clicked, this, [this] {
-        Result = GetRes();
-        accept();
-    });
+    connect(CmdOK, &QPushButton::clicked, this, &FrmFind::CmdOK_Click);
     connect(CmdCancel, &QPushButton::clicked, this, [this] {
         Result.clear();
+        ResultWords.clear();
         reject();
     });
     EnterMovesToNextControl(this);
@@ -126,6 +128,7 @@ void FrmFind::Load()
                       QStringLiteral("[code]"));
     }
     Result.clear();
+    ResultWords.clear();
     CmdOK->setEnabled(false);
     if (CmbFld[0]->ListCount() >= 1)
         CmbFld[0]->SetListIndex(0);
@@ -177,11 +180,99 @@ QString FrmFind::GetSql(int Index) const
                        + FormatValue(fieldType(Index), op, Trim(MskValue[Index]->text())) + u')');
 }
 
+// The value as the screen shows it: numbers grouped ("490.000"), the rest as typed.
+QString FrmFind::shownValue(int Index) const
+{
+    const QString typed = Trim(MskValue[Index]->text());
+    const qint32 type = fieldType(Index);
+    if (type != UncheckedNumberType && type != NumberType && type != NumberType13)
+        return typed;
+    const QString sql = NumberLiteral(CmbPredicate[Index]->Value(), typed);
+    if (sql.isEmpty())
+        return typed;
+    QStringList numbers = sql.startsWith(u'(') ? sql.mid(1, sql.size() - 2).split(u',') : QStringList{sql};
+    for (QString &number : numbers)
+        number = Tesmir().CvNStr(QString(number).replace(u'.', u','));
+    return numbers.join(QStringLiteral(", "));
+}
+
 // The words always quote the value, whatever its type.
 QString FrmFind::GetDisplay(int Index) const
 {
     return u'(' + CmbFld[Index]->Text() + QStringLiteral("  ") + CmbPredicate[Index]->Text() + QStringLiteral("  '")
-           + Trim(MskValue[Index]->text()) + QStringLiteral("')");
+           + shownValue(Index) + QStringLiteral("')");
+}
+
+// A row as a sentence: "Tên hàng bắt đầu bằng 'Bánh'", "Giá lớn hơn 490.000".
+QString FrmFind::rowWords(int Index) const
+{
+    QString op = CmbPredicate[Index]->Text();
+    if (op.size() > 1 && !op.at(1).isUpper())
+        op[0] = op.at(0).toLower();
+    const qint32 type = fieldType(Index);
+    const bool text = type == TextType || type == TextType11;
+    return CmbFld[Index]->Text() + u' ' + op + u' ' + (text ? u'\'' + shownValue(Index) + u'\'' : shownValue(Index));
+}
+
+QString FrmFind::GetWords() const
+{
+    QString s = rowWords(0);
+    for (int i = 1; i < Rows; ++i) {
+        if (CheckSql(i)) {
+            const QString connector = cmbLg[i]->Text();
+            s += u' ' + (connector.isEmpty() ? QStringLiteral("và") : connector) + u' ' + rowWords(i);
+        }
+    }
+    return s;
+}
+
+// What is wrong with the row's value for its field, said to the clerk; ""
+// when nothing is (or the row is not in use).
+QString FrmFind::rowProblem(int Index) const
+{
+    const QString typed = Trim(MskValue[Index]->text());
+    if (typed.isEmpty() || !MskValue[Index]->isEnabled() || CmbFld[Index]->ListIndex() < 0)
+        return QString();
+    const QString row = QStringLiteral("Dòng %1, %2: «%3» ").arg(Index + 1).arg(CmbFld[Index]->Text(), typed);
+    switch (fieldType(Index)) {
+    case UncheckedNumberType: case NumberType: case NumberType13:
+        if (!NumberLiteral(CmbPredicate[Index]->Value(), typed).isEmpty())
+            return QString();
+        return row + QStringLiteral("không phải là số. Số viết như trên màn hình: dấu chấm ngăn hàng nghìn, "
+                                    "dấu phẩy trước phần lẻ (ví dụ 1.234.567,5)%1.")
+                         .arg(UCase(CmbPredicate[Index]->Value()) == QLatin1String("IN")
+                                  ? QStringLiteral("; các số của danh sách cách nhau bằng dấu phẩy")
+                                  : QString());
+    case DateType:
+        return IsDate(typed) ? QString()
+                             : row + QStringLiteral("không phải là một ngày có thật. Ngày viết ngày/tháng/năm, "
+                                                    "ví dụ 31/12/2026.");
+    default:
+        return QString();
+    }
+}
+
+// Tells the clerk what is wrong with the row and puts the keyboard there.
+bool FrmFind::toldProblem(int Index)
+{
+    const QString problem = rowProblem(Index);
+    if (problem.isEmpty())
+        return false;
+    ShowMgBox(problem, 0, QStringLiteral("Tìm kiếm"), 48);
+    MskValue[Index]->setFocus();
+    MskValue[Index]->selectAll();
+    return true;
+}
+
+void FrmFind::CmdOK_Click()
+{
+    for (int i = 0; i < Rows; ++i) {
+        if (toldProblem(i))
+            return;
+    }
+    Result = GetRes();
+    ResultWords = GetWords();
+    accept();
 }
 
 // Balances the counts of brackets only, at the end: a ")" inside a quoted value
@@ -199,7 +290,7 @@ bool FrmFind::CheckSql(int Index) const
     const QString value = MskValue[Index]->text();
     const qint32 type = fieldType(Index);
     return !value.isEmpty() && CmbFld[Index]->ListIndex() >= 0 && CmbPredicate[Index]->ListIndex() >= 0
-           && !(!IsNumeric(value) && (type == NumberType || type == NumberType13))
+           && !(NumberLiteral(CmbPredicate[Index]->Value(), value).isEmpty() && (type == NumberType || type == NumberType13))
            && !(!IsDate(value) && type == DateType) && CmbFld[Index]->Enabled();
 }
 
@@ -258,7 +349,7 @@ void FrmFind::lookUp(int Index)
                         : QStringLiteral("Select * From ") + relation + QStringLiteral(" Where Name ");
     query += QStringLiteral("  Like ") + SqlValue(MskValue[Index]->text(), QStringLiteral("LR"));
     FmSelHang pick(this);
-    pick.ListSql = query;
+    pick.ListSql = ClerkComparisons(CurrentConnection(), query);
     pick.SearchText = MskValue[Index]->text();
     pick.exec();
     if (!pick.SelectedValue.isEmpty()) {
@@ -276,9 +367,15 @@ bool FrmFind::eventFilter(QObject *watched, QEvent *event)
         if (event->type() == QEvent::FocusIn) {
             // After the box's own focus handling, which may select its text.
             QMetaObject::invokeMethod(edit, [edit] { edit->setCursorPosition(0); }, Qt::QueuedConnection);
-        } else if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_F2) {
-            lookUp(int(box - MskValue.begin()));
-            return true;
+        } else if (event->type() == QEvent::KeyPress) {
+            const int key = static_cast<QKeyEvent *>(event)->key();
+            if (key == Qt::Key_F2) {
+                lookUp(int(box - MskValue.begin()));
+                return true;
+            }
+            // Enter reaches here as Tab: a value of the wrong kind keeps the clerk in its box.
+            if (key == Qt::Key_Tab && toldProblem(int(box - MskValue.begin())))
+                return true;
         }
     }
     return QDialog::eventFilter(watched, event);

@@ -28,9 +28,11 @@ public:
     ~FrmFind() override;
 
     // The table searched, set before the dialog shows; the condition composed,
-    // "" unless the dialog was left by OK.
+    // "" unless the dialog was left by OK, and the same in words for a clerk
+    // ("Tên hàng bắt đầu bằng 'Bánh' và Giá lớn hơn 490.000").
     QString TableName;
     QString Result;
+    QString ResultWords;
 
     // Loads the catalogue of TableName and starts afresh; exec() loads first,
     // a dialog shown without waiting is loaded by its caller.
@@ -52,6 +54,12 @@ private:
     QString GetRes() const;
     QString GetDis() const;
     qint32 fieldType(int Index) const;
+    QString shownValue(int Index) const;
+    QString rowWords(int Index) const;
+    QString GetWords() const;
+    QString rowProblem(int Index) const;
+    bool toldProblem(int Index);
+    void CmdOK_Click();
     void rowChanged(int Index);
     void lookUp(int Index);
 

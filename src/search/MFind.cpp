@@ -18,26 +18,17 @@ thread_local QList<qint32> FieldType;
 
 namespace {
 
-// A number as the database reads it. Typed numbers go into the condition
-// unquoted, so anything else (grouping commas, words, brackets) is kept out.
-bool isSqlNumber(const QString &text)
+// One number as the screen shows numbers: "." between thousands, "," before
+// decimals ("490.000", "1.234.567,5", "-5"); its SQL text, or "" when the
+// text is no such number.
+QString shownNumberSql(const QString &text)
 {
-    static const QRegularExpression number(
-        QStringLiteral(R"(^\s*[+-]?(\d+(\.\d*)?|\.\d+)([eE][+-]?\d+)?\s*$)"));
-    return number.match(text).hasMatch();
-}
-
-bool isSqlNumberList(const QString &text)
-{
-    const QStringList items = text.split(QLatin1Char(','));
-    return std::all_of(items.begin(), items.end(), isSqlNumber);
-}
-
-QString numberLiteral(const QString &predicate, const QString &value)
-{
-    if (predicate == QLatin1String("IN"))
-        return isSqlNumberList(value) ? QLatin1Char('(') + value + QLatin1Char(')') : QString();
-    return isSqlNumber(value) ? value : QString();
+    static const QRegularExpression shown(QStringLiteral(R"(^\s*([+-]?)(\d{1,3}(?:\.\d{3})+|\d+)(?:,(\d+))?\s*$)"));
+    const QRegularExpressionMatch m = shown.match(text);
+    if (!m.hasMatch())
+        return QString();
+    const QString whole = m.captured(1) + m.captured(2).remove(QLatin1Char('.'));
+    return m.hasCaptured(3) ? whole + QLatin1Char('.') + m.captured(3) : whole;
 }
 
 QString textLiteral(const QString &predicate, const QString &value)
@@ -57,6 +48,19 @@ QString twoDigits(const QString &part)
 }
 
 } // namespace
+
+QString NumberLiteral(const QString &predicate, const QString &value)
+{
+    if (UCase(predicate) != QLatin1String("IN"))
+        return shownNumberSql(value);
+    QStringList items = value.split(QLatin1Char(','));
+    for (QString &item : items) {
+        item = shownNumberSql(item);
+        if (item.isEmpty())
+            return QString();
+    }
+    return QLatin1Char('(') + items.join(QLatin1Char(',')) + QLatin1Char(')');
+}
 
 qint32 OpenQuery(Recordset &rs, const QString &sql)
 {
@@ -133,7 +137,7 @@ QString FormatValue(int type, const QString &predicate, const QString &value)
     const QString op = UCase(predicate);
     switch (type) {
     case UncheckedNumberType: case NumberType: case NumberType13:
-        return numberLiteral(op, value);
+        return NumberLiteral(op, value);
     case DateType:
         return QLatin1Char('#') + FormatDate(value) + QLatin1Char('#');
     case TextType: case TextType11:

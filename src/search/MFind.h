@@ -17,7 +17,7 @@ class ItemDataList;
 // Value-type codes of the catalogue's fields and operators (LstFld.Type and
 // Operator.Type). Other codes have no literal.
 enum ValueType : qint32 {
-    UncheckedNumberType = 1,   // formatted as a number, never checked as one
+    UncheckedNumberType = 1,   // formatted as a number; its row opens the next unchecked
     NumberType = 3,
     NumberType13 = 13,
     DateType = 8,
@@ -50,12 +50,16 @@ void ReadRows(Recordset &rs, QStringList &texts, QStringList &data);
 void LoadFieldInfo(QString sql, const QString &order);
 
 // The SQL literal of a typed value by value type and operator; "" for types
-// that have no literal.
+// that have no literal, and for a value that is not of its type.
 QString FormatValue(int type, const QString &predicate, const QString &value);
 // The day-first date value as the month-first text of a #...# literal; "" when
 // it is not a date.
 QString FormatDate(const QString &value);
 QString EscapeQuotes(const QString &value);
+// A number typed as the screen shows numbers ("490.000", "1.234.567,5") as
+// SQL ("490000", "1234567.5"); with the predicate "IN" a list of them
+// separated by "," as "(1,2)". "" when the value is no such number or list.
+QString NumberLiteral(const QString &predicate, const QString &value);
 // Occurrences of pattern in text; 0 for an empty text.
 int CountOf(const QString &text, const QString &pattern);
 

@@ -13,6 +13,7 @@ struct clsSearch::Private {
     QString connection;
     QString table;
     QString result;
+    QString words;
 };
 
 clsSearch::clsSearch()
@@ -52,29 +53,41 @@ QString clsSearch::Result() const
     return d->result;
 }
 
+QString clsSearch::ResultWords() const
+{
+    return d->words;
+}
+
 // Each showing loads a dialog afresh, except that a dialog still open without
-// waiting is only brought to the front: there is one search dialog at a time.
+// waiting, for the same table, is only brought to the front.
 void clsSearch::Show(std::optional<qint32> Modal, QWidget *OwnerForm)
 {
-    static QPointer<FrmFind> open;
-    if (open && open->isVisible()) {
-        open->raise();
-        open->activateWindow();
-    } else if (Modal == 1) {
+    static QList<QPointer<FrmFind>> modeless;
+    modeless.removeAll(nullptr);
+    d->result.clear();
+    d->words.clear();
+    if (Modal == 1) {
         FrmFind dialog(OwnerForm);
         dialog.TableName = d->table;
         dialog.exec();
         d->result = dialog.Result;
+        d->words = dialog.ResultWords;
         return;
-    } else {
-        open = new FrmFind(OwnerForm);
-        open->setAttribute(Qt::WA_DeleteOnClose);
-        QObject::connect(qApp, &QCoreApplication::aboutToQuit, open, &QObject::deleteLater);
-        open->TableName = d->table;
-        open->Load();
-        open->show();
     }
-    d->result = open->Result;
+    for (FrmFind *open : std::as_const(modeless)) {
+        if (open->isVisible() && open->TableName == d->table) {
+            open->raise();
+            open->activateWindow();
+            return;
+        }
+    }
+    auto *dialog = new FrmFind(OwnerForm);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, dialog, &QObject::deleteLater);
+    dialog->TableName = d->table;
+    dialog->Load();
+    dialog->show();
+    modeless.append(dialog);
 }
 
 } // namespace zolt

@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "data/CaseBlindText.h"
+#include "data/ClerkComparisons.h"
 #include "data/Database.h"
 #include "data/Recordset.h"
 
 #include "TestSupport.h"
 
 #include <zolt/Error.h>
+
+#include <QSqlError>
+#include <QSqlQuery>
 
 using namespace zolt;
 using namespace Qt::StringLiterals;
@@ -23,13 +27,19 @@ TEST(DateLiterals, RewrittenMonthFirstOutsideQuotedText)
         EXPECT_EQ(RewriteDateLiterals(sql), rewritten);
 }
 
-TEST(CaseBlindLike, MatchesAsTheOriginalEngine)
+TEST(TextLike, CaseBlindAndAccentBlindAsAClerkTypes)
 {
-    for (const auto &[pattern, text, matches] : {
-             std::tuple{u"bánh%"_s, u"BÁNH QUY"_s, true}, {u"%ỗ%"_s, u"ĐỖ VĂN"_s, true}, {u"_ỗ"_s, u"ĐỖ"_s, true},
-             {u"%a%b%c"_s, u"xaxbxbxc"_s, true}, {u"a%"_s, u"ba"_s, false}, {u"a_"_s, u"a"_s, false},
-             {u"100!%"_s, u"100%"_s, true}, {u"100!%"_s, u"1000"_s, false}, {u"%"_s, QString(), true}})
-        EXPECT_EQ(CaseBlindLike(pattern, text, u'!'), matches) << pattern.toStdString() << " " << text.toStdString();
+    const bool accentBlind = true, caseBlind = false;
+    for (const auto &[pattern, text, bare, matches] : {
+             std::tuple{u"bánh%"_s, u"BÁNH QUY"_s, caseBlind, true}, {u"%ỗ%"_s, u"ĐỖ VĂN"_s, caseBlind, true},
+             {u"_ỗ"_s, u"ĐỖ"_s, caseBlind, true}, {u"%a%b%c"_s, u"xaxbxbxc"_s, caseBlind, true},
+             {u"a%"_s, u"ba"_s, caseBlind, false}, {u"a_"_s, u"a"_s, caseBlind, false},
+             {u"100!%"_s, u"100%"_s, caseBlind, true}, {u"100!%"_s, u"1000"_s, caseBlind, false},
+             {u"%"_s, QString(), caseBlind, true}, {u"banh%"_s, u"Bánh quy"_s, caseBlind, false},
+             {u"bánh%"_s, u"Ba\u0301nh quy"_s /* stored decomposed */, caseBlind, true},
+             {u"banh%"_s, u"Bảnh"_s, accentBlind, true}, {u"d%"_s, u"Đường"_s, accentBlind, true},
+             {u"nguyen _an"_s, u"Nguye\u0302\u0303n Văn"_s, accentBlind, true}, {u"banh"_s, u"Bánh quy"_s, accentBlind, false}})
+        EXPECT_EQ(TextLike(pattern, text, bare, u'!'), matches) << pattern.toStdString() << " " << text.toStdString();
 }
 
 class DatabaseTest : public ::testing::TestWithParam<test::Engine> {
@@ -95,4 +105,42 @@ TEST_P(DatabaseTest, ABackslashEndingATextNeverEndsItsLiteral)
         EXPECT_EQ(db.scalar(u"Select Note From Sales Where Code=1"_s).toString(), u"C:\\"_s) << escapes;
         EXPECT_EQ(db.scalar(u"Select Count(*) From Sales Where Note='C:\\'"_s).toInt(), 1) << escapes;
     }
+}
+
+// What a clerk types finds what he means, on every engine: case never
+// matters, no marks typed finds marked text, marks typed must match, text
+// stored decomposed is found as composed.
+TEST_P(DatabaseTest, ClerkConditionsFollowOneRuleOnEveryEngine)
+{
+    if (db.engine() != test::Engine::SQLite)
+        db.createLibraryTables();   // the shipped schema brings the functions
+    else
+        db.exec(u"Create Table Options([Section] Text, KeyName Text, KeyValue Text, Description Text)"_s);
+    db.exec(u"Create Table Hang(Ten Text)"_s);
+    for (const QString &name : {u"Bánh quy"_s, u"Bảnh"_s, u"banh mì"_s, u"Ba\u0301nh dẻo"_s, u"Đường cát"_s,
+                                u"Duong"_s, u"Khách \"VIP\""_s})
+        db.exec(u"Insert Into Hang Values('"_s + QString(name).replace(u'"', u"\"\""_s) + u"')"_s);
+    const auto found = [&](const QString &condition) {
+        QStringList names;
+        QSqlQuery query(db.db());
+        EXPECT_TRUE(query.exec(u"Select Ten From Hang Where "_s + ConditionSql(db.db(), condition) + u" Order By Ten"_s))
+            << ConditionSql(db.db(), condition).toStdString() << query.lastError().text().toStdString();
+        while (query.next())
+            names << query.value(0).toString().normalized(QString::NormalizationForm_C);
+        names.sort();
+        return names.join(u'|');
+    };
+    for (const auto &[condition, names] : {
+             std::pair{u"(Ten  LIKE  'banh%')"_s, u"Bánh dẻo|Bánh quy|Bảnh|banh mì"_s},
+             {u"(Ten  LIKE  'BÁNH%')"_s, u"Bánh dẻo|Bánh quy"_s}, {u"([Ten]  =  'duong cat')"_s, u"Đường cát"_s},
+             {u"(Ten  LIKE  'd%')"_s, u"Duong|Đường cát"_s}, {u"(Ten  =  'đường cát')"_s, u"Đường cát"_s},
+             {u"(Ten  <>  'banh mi')"_s, u"Bánh dẻo|Bánh quy|Bảnh|Duong|Khách \"VIP\"|Đường cát"_s},
+             {u"(Ten  IN  ('duong','bảnh'))"_s, u"Bảnh|Duong"_s} /* a mark in the list: marks matter */,
+             {u"(Ten  IN  ('duong','BANH MI'))"_s, u"Duong|banh mì"_s},
+             {u"(Ten  NOT LIKE  'b%')and(Ten  =  'khách \"\"vip\"\"')"_s, u"Khách \"VIP\""_s}})
+        EXPECT_EQ(found(condition), names) << condition.toStdString();
+
+    db.exec(u"Insert Into Options Values('Config', 'AccentBlindSearch', '0', Null)"_s);
+    EXPECT_EQ(found(u"(Ten  LIKE  'banh%')"_s), u"banh mì"_s);
+    EXPECT_EQ(found(u"(Ten  =  'duong')"_s), u"Duong"_s);
 }

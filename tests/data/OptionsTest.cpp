@@ -40,10 +40,11 @@ TEST_P(OptionsTest, ReadsTheStoredValueOrTheDefault)
 
 TEST_P(OptionsTest, UpdatesAnExistingKeyAndInsertsANewOne)
 {
-    save(u"Kho 'A' \"B\""_s);
+    for (int time = 0; time < 2; ++time) {   // stored as typed, however often it is saved
+        save(u"Kho 'A' \"B\""_s);
+        EXPECT_EQ(column("KeyValue"), "Kho 'A' \"B\"");
+    }
     EXPECT_TRUE(db.scalar(u"Select Description From Options"_s).isNull());
-    // Double quotes are doubled too, and between apostrophes the database keeps both.
-    EXPECT_EQ(column("KeyValue"), "Kho 'A' \"\"B\"\"");
     save(u"Kho B"_s, u"chính"_s);
     EXPECT_EQ(column("Count(*)") + u'|' + column("Description"), "1|chính ");
     save(u"Kho C"_s);
@@ -71,6 +72,8 @@ TEST_P(GetMaxValueTest, LargestValueOrZero)
     db.exec(u"Create Table Groups(Code Integer)"_s);
     EXPECT_EQ(GetMaxValue(u"Groups"_s, u"Code"_s, db.db()), 0);
     db.exec(u"Insert Into Groups Values(8), (1), (12), (3)"_s);
+    EXPECT_EQ(GetMaxValue(u"Groups"_s, u"Code"_s, db.db()), 12);
+    db.exec(u"Insert Into Groups Values(Null)"_s);   // sorted last on some engines, first on others
     EXPECT_EQ(GetMaxValue(u"Groups"_s, u"Code"_s, db.db()), 12);
     EXPECT_EQ(GetMaxValue(u"Missing"_s, u"Code"_s, db.db()), 0);
     EXPECT_EQ(GetMaxValue(u"Groups"_s, u"Code"_s, QSqlDatabase()), 0);

@@ -8,12 +8,15 @@ using namespace zolt;
 TEST(FormatValue, LiteralsByValueTypeAndOperator)
 {
     const std::tuple<int, const char *, const char *, const char *> cases[] = {
-        {NumberType, ">", "30", "30"}, {NumberType13, "in", "1,2", "(1,2)"}, {UncheckedNumberType, "IN", "1, 2 ,3", "(1, 2 ,3)"},
+        {NumberType, ">", "30", "30"}, {NumberType13, "in", "1,2", "(1,2)"}, {UncheckedNumberType, "IN", "1, 2 ,3", "(1,2,3)"},
+        // Numbers as the screen shows them: "." between thousands, "," before decimals.
+        {NumberType, "=", "490.000", "490000"}, {NumberType, "<", "-1.234.567,5", "-1234567.5"},
+        {NumberType, "IN", "490.000,5", "(490000,5)"}, {NumberType, "=", "12.5", ""}, {NumberType, "=", "1.2345", ""},
         {TextType, "IN", "a,b", "('a','b')"}, {TextType11, "like", "O'Neil", "'O''Neil%'"},
         {TextType, "<>", "Hà \"Nội\"", "'Hà \"\"Nội\"\"'"}, {DateType, ">", "1/2/98", "#02/01/0098#"},
         {DateType, ">", "x", "##"}, {2, "=", "5", ""}, {12, "=", "5", ""}, {-1, "=", "5", ""},
         // Typed text never becomes SQL structure: what is no number gets no literal.
-        {UncheckedNumberType, "=", "1 Or 1=1", ""}, {UncheckedNumberType, "=", "1,000", ""},
+        {UncheckedNumberType, "=", "1 Or 1=1", ""}, {UncheckedNumberType, "=", "1,0,0", ""},
         {UncheckedNumberType, "IN", "1) Or (1=1", ""}, {TextType, "=", "x' Or 'a'='a", "'x'' Or ''a''=''a'"},
         {DateType, "=", "1/2/2003# Or #1/1/2000", "##"}};
     for (const auto &[type, predicate, value, literal] : cases)

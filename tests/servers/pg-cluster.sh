@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: MIT
 # The test suite's own PostgreSQL server: ./pg-cluster.sh start|stop FOLDER.
 # A throwaway cluster in FOLDER, reached only through a Unix socket there
-# (no TCP), trusting its user "zolt", with the database "zolt" (citext
+# (no TCP), trusting its user "zolt", with the database "zolt" (citext and unaccent
 # installed) and an ODBC data source "ZoltTest" in FOLDER/odbc.ini for
 # unixODBC's PostgreSQL driver. Run as root, the server runs as nobody, in a
 # folder of its own under /tmp that FOLDER links to (nobody may not be able
@@ -44,7 +44,7 @@ start)
     as_owner "$bin/pg_ctl" -D "$real/data" -l "$real/server.log" -w \
         -o "-k $real -p $port -c listen_addresses= -c fsync=off -c max_connections=200" start > /dev/null
     "$bin/psql" -q -h "$folder" -p $port -U zolt -d postgres -c "CREATE DATABASE zolt"
-    "$bin/psql" -q -h "$folder" -p $port -U zolt -d zolt -c "CREATE EXTENSION citext"
+    "$bin/psql" -q -h "$folder" -p $port -U zolt -d zolt -c "CREATE EXTENSION citext" -c "CREATE EXTENSION unaccent"
     cat > "$folder/odbc.ini" <<INI
 [ZoltTest]
 Driver=PostgreSQL Unicode
