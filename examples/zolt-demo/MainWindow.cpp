@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "MainWindow.h"
 
+#include "ElidedLabel.h"
+
 #include "Pictures.h"
 
 #include <zolt/DriverSql.h>
@@ -80,6 +82,54 @@ public:
     }
 };
 
+// A letter as the menus match typed letters: case and marks aside ("Đ" is "d").
+QChar bareLetter(QChar letter)
+{
+    if (letter == u'Đ' || letter == u'đ')
+        return u'd';
+    return QString(letter).normalized(QString::NormalizationForm_D).front().toLower();
+}
+
+QChar mnemonicOf(const QString &caption)
+{
+    for (qsizetype i = 0; i + 1 < caption.size(); ++i) {
+        if (caption.at(i) == u'&')
+            return caption.at(i + 1) == u'&' ? (++i, QChar()) : bareLetter(caption.at(i + 1));
+    }
+    return {};
+}
+
+// Captions read from the database (Menu, SubMenu) come without mnemonics:
+// each item gets the first letter of one of its words, else any letter of
+// it, that no other item of the menu has.
+void GiveMnemonics(QWidget *menu)
+{
+    QList<QChar> taken;
+    for (const QAction *action : menu->actions())
+        taken << mnemonicOf(action->text());
+    for (QAction *action : menu->actions()) {
+        const QString caption = action->text();
+        if (action->isSeparator() || !mnemonicOf(caption).isNull())
+            continue;
+        QList<qsizetype> candidates;
+        for (qsizetype i = 0; i < caption.size(); ++i) {
+            if (caption.at(i).isLetter() && (i == 0 || caption.at(i - 1).isSpace()))
+                candidates << i;
+        }
+        for (qsizetype i = 0; i < caption.size(); ++i) {
+            if (caption.at(i).isLetter())
+                candidates << i;
+        }
+        for (qsizetype at : candidates) {
+            if (!taken.contains(bareLetter(caption.at(at)))) {
+                taken << bareLetter(caption.at(at));
+                action->setText(caption.left(at) + u'&' + caption.mid(at));
+                break;
+            }
+        }
+    }
+}
+
 QVariant scalar(const QSqlDatabase &db, const QString &sql, const QVariant &bound)
 {
     QSqlQuery query(db);
@@ -100,8 +150,11 @@ MainWindow::MainWindow(const QSqlDatabase &db, qint32 userCode, zolt::clsLogon &
     m_user = scalar(db, QStringLiteral("SELECT [Name] FROM [User] WHERE Code = ?"), userCode).toString();
     m_goods = new QSqlQueryModel(this);
     m_summary = new QLabel(this);
+    m_filter = new ElidedLabel(this);
+    m_filter->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    statusBar()->addWidget(m_filter, 1);   // the menus' help takes its place while they are open
     statusBar()->addPermanentWidget(m_summary);
-    showGoods(QString());
+    showGoods(QString(), QString());
     const QStringList headers = {QStringLiteral("Mã hàng"), QStringLiteral("Tên hàng"),
                                  QStringLiteral("Đơn vị"), QStringLiteral("Giá bán"),
                                  QStringLiteral("Ngày nhập")};
@@ -123,13 +176,16 @@ MainWindow::MainWindow(const QSqlDatabase &db, qint32 userCode, zolt::clsLogon &
     addRightsMenus(group);
     addSearchMenu();
     addLookMenu();
+    GiveMnemonics(menuBar());
     resize(820, 520);
 
     // The library draws the menus and tells the help of the highlighted item;
-    // an item without help leaves the last help in the status bar.
+    // once the menus close, the status bar shows the filter again.
     m_coolMenu.Install(this, &m_help, demoPictures());
-    connect(&m_help, &zolt::HelpCallBack::MenuHelp, this, [this](const QString &, const QString &help, bool) {
-        if (!help.isEmpty())
+    connect(&m_help, &zolt::HelpCallBack::MenuHelp, this, [this](const QString &item, const QString &help, bool) {
+        if (item.isEmpty())
+            statusBar()->clearMessage();
+        else
             statusBar()->showMessage(help);
     });
 }
@@ -139,12 +195,14 @@ MainWindow::~MainWindow()
     m_coolMenu.Uninstall(this);
 }
 
-// The goods that meet the condition (all of them for ""), and their count.
-void MainWindow::showGoods(const QString &condition)
+// The goods that meet the condition (all of them for ""), and their count;
+// the status bar says the condition in words.
+void MainWindow::showGoods(const QString &condition, const QString &words)
 {
-    const QString where = condition.isEmpty() ? QString() : QStringLiteral(" WHERE ") + condition;
+    // The wizard's condition is written as the library writes SQL, and
+    // compares text as a clerk expects.
+    const QString where = condition.isEmpty() ? QString() : QStringLiteral(" WHERE ") + zolt::ConditionSql(m_db, condition);
     QSqlQuery count(m_db);
-    // The wizard's condition is written as the library writes SQL.
     if (!count.exec(zolt::DriverSql(m_db, QStringLiteral("SELECT COUNT(*) FROM Hang") + where)) || !count.next()) {
         m_logon.MgBox(QStringLiteral("Không lọc được danh mục: ") + count.lastError().text(), zolt::vbOKOnly,
                       QStringLiteral("Bán hàng ZOLT"), zolt::vbExclamation);
@@ -155,7 +213,7 @@ void MainWindow::showGoods(const QString &condition)
                       m_db);
     m_summary->setText(QStringLiteral("Người sử dụng: %1   —   %2 mặt hàng")
                            .arg(m_user, zolt::Tesmir().CvNStr(count.value(0).toString())));
-    statusBar()->showMessage(condition.isEmpty() ? QString() : QStringLiteral("Lọc theo ") + condition);
+    m_filter->setWholeText(words.isEmpty() ? QString() : QStringLiteral("Lọc: ") + words);
 }
 
 // The search wizard on the goods, open to every user.
@@ -164,14 +222,15 @@ void MainWindow::addSearchMenu()
     QMenu *search = menuBar()->addMenu(QStringLiteral("&Tìm kiếm"));
     search->setObjectName(QStringLiteral("menuSearch"));
     QAction *find = search->addAction(QStringLiteral("&Tìm hàng hoá..."), this, [this] {
-        const QString condition = zolt::Tesmir().FindShow(m_db, QStringLiteral("Hang"));
+        QString words;
+        const QString condition = zolt::Tesmir().FindShow(m_db, QStringLiteral("Hang"), &words);
         if (!condition.isEmpty())
-            showGoods(condition);
+            showGoods(condition, words);
     });
     find->setObjectName(QStringLiteral("actionFind"));
     find->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F));
     setLook(find, QStringLiteral("Lọc danh mục hàng theo tối đa bốn điều kiện"), Find);
-    QAction *all = search->addAction(QStringLiteral("&Bỏ lọc"), this, [this] { showGoods(QString()); });
+    QAction *all = search->addAction(QStringLiteral("&Bỏ lọc"), this, [this] { showGoods(QString(), QString()); });
     setLook(all, QStringLiteral("Hiện lại toàn bộ danh mục hàng"), Filter);
 }
 
@@ -187,7 +246,7 @@ void MainWindow::addRightsMenus(qint32 group)
 
     QSqlQuery bars(zolt::DriverSql(m_db, QStringLiteral("SELECT ID, [Desc] FROM Menu ORDER BY ID")), m_db);
     for (int bar = 0; bars.next(); ++bar) {
-        QMenu *menu = menuBar()->addMenu(QLatin1Char('&') + bars.value(1).toString());
+        QMenu *menu = menuBar()->addMenu(bars.value(1).toString());
         menu->setObjectName(QStringLiteral("menu%1").arg(bars.value(0).toInt()));
         const QVariant mask = hasRights ? rights.value(3 + bar) : QVariant();
         QSqlQuery items(m_db);
@@ -204,6 +263,7 @@ void MainWindow::addRightsMenus(qint32 group)
         }
         if (bars.value(0).toInt() == SystemBar)
             addSystemItems(menu);
+        GiveMnemonics(menu);
     }
 }
 

@@ -7,6 +7,7 @@
 #include <QMainWindow>
 #include <QSqlDatabase>
 
+class ElidedLabel;
 class QAction;
 class QLabel;
 class QMenu;
@@ -32,7 +33,7 @@ protected:
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    void showGoods(const QString &condition);
+    void showGoods(const QString &condition, const QString &words);
     void addSearchMenu();
     void addRightsMenus(qint32 group);
     void connectSubMenu(QAction *action, int id);
@@ -45,6 +46,7 @@ private:
     QString m_user;
     QSqlQueryModel *m_goods;
     QLabel *m_summary;
+    ElidedLabel *m_filter;   // the filter in words
     zolt::clsCoolMenu m_coolMenu;
     zolt::HelpCallBack m_help;
     bool m_quitConfirmed = false;

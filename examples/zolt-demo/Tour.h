@@ -34,7 +34,8 @@ private:
     static void clickLater(QWidget *window, const char *button);
     static void triggerLater(QWidget *window, const char *action);
     static void choose(QWidget *window, const char *combo, int index);
-    static void clickCurrentRow(QWidget *window, const char *list);
+    static void press(QWidget *window, const char *field, Qt::Key key);
+    static void checkMnemonics(QWidget *window);
     static void openMenu(QWidget *window, const char *menu, int item);
     static void toggle(QWidget *window, const char *action);
     static QPixmap picture(QWidget *window);

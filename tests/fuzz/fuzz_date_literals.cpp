@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The rewrite of #date# literals: quoted text comes out as it went in, and
-// text without a "#" is not touched at all.
+// The rewrite of #date# literals: quoted text comes out as it went in (but
+// for a doubled double quote inside apostrophes, which stands for one), and
+// text without a "#" or such a pair is not touched at all.
 #include "FuzzInput.h"
 
 #include "data/Database.h"
@@ -26,17 +27,24 @@ QStringList quoted(const QString &sql)
     return found;
 }
 
+// Quoted text as the database stores it.
+QString stored(const QString &quotedText)
+{
+    return quotedText.startsWith(u'\'') ? QString(quotedText).replace(QStringLiteral("\"\""), QStringLiteral("\""))
+                                        : quotedText;
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     const QString sql = fuzz::texts(data, size, 1).first();
     const QString rewritten = RewriteDateLiterals(sql);
-    if (!sql.contains(u'#'))
+    if (!sql.contains(u'#') && !sql.contains(QStringLiteral("\"\"")))
         fuzz::check(rewritten == sql, "text without a date literal changed");
     const QStringList before = quoted(sql);
     const QStringList after = quoted(rewritten);
     for (const QString &text : before)
-        fuzz::check(after.contains(text), "quoted text changed");
+        fuzz::check(after.contains(stored(text)), "quoted text changed");
     return 0;
 }
