@@ -14,6 +14,8 @@
 #include <QMessageBox>
 #include <QScreen>
 
+#include <algorithm>
+
 namespace zolt {
 
 QString DefaultFontName;
@@ -56,20 +58,36 @@ qint32 WriteOption(const QString &section, const QString &key, const QString &va
 
 void CentreOnScreen(QWidget *form)
 {
-    const QScreen *screen = form->screen() ? form->screen() : QGuiApplication::primaryScreen();
+    const QWidget *owner = form->parentWidget() ? form->parentWidget()->window() : nullptr;
+    const bool onOwner = owner && owner->isVisible();
+    const QScreen *screen = onOwner ? owner->screen() : form->screen();
+    if (!screen)
+        screen = QGuiApplication::primaryScreen();
     if (!screen)
         return;
-    const QRect area = screen->geometry();
-    const QSize size = form->frameGeometry().size();
-    form->move(area.left() + (area.width() - size.width()) / 2,
-               area.top() + (area.height() - size.height()) / 2);
+    const QRect area = screen->availableGeometry();
+    const QRect around = onOwner ? owner->frameGeometry() : area;
+    // Before it first shows, a dialog's size is what its layout asks for.
+    const QSize frame = form->frameGeometry().size() - form->size();
+    const QSize size = (form->testAttribute(Qt::WA_WState_Created) || !form->sizeHint().isValid()
+                            ? form->size() : form->size().expandedTo(form->sizeHint())) + frame;
+    // Whole on the screen, its title bar first where it cannot be whole.
+    const int left = std::clamp(around.left() + (around.width() - size.width()) / 2, area.left(),
+                                std::max(area.left(), area.right() + 1 - size.width()));
+    const int top = std::clamp(around.top() + (around.height() - size.height()) / 2, area.top(),
+                               std::max(area.top(), area.bottom() + 1 - size.height()));
+    form->move(left, top);
 }
 
 void ApplyFormSettings(QWidget *form)
 {
     if (!form)
         return;
-    form->installEventFilter(new CentreWhenShown(form));
+    if (!form->property("zoltCentredWhenShown").toBool()) {   // a dialog loaded again keeps its one
+        form->installEventFilter(new CentreWhenShown(form));
+        form->setProperty("zoltCentredWhenShown", true);
+    }
+    CentreOnScreen(form);
     DefaultFontName = ReadOption(QStringLiteral("Config"), QStringLiteral("DefaultFont"), QString());
     const QString sizeText = ReadOption(QStringLiteral("Config"), QStringLiteral("DefaultFontSize"),
                                         QStringLiteral("9"));

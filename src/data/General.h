@@ -25,11 +25,12 @@ qint32 WriteOption(const QString &section, const QString &key, const QString &va
                    const QString &description, qint32 isNew);
 
 // Gives every child widget the configured font name and, when greater than 8,
-// size, and centres the dialog on its screen whenever it is shown, at the size
-// its layout has given it by then.
+// size, and centres the dialog now and again whenever it is shown, at the size
+// its layout has given it by then (see CentreOnScreen).
 void ApplyFormSettings(QWidget *form);
 
-// Places the window in the middle of its screen.
+// Places the window in the middle of its owner's window, or of its screen when
+// it has no owner on show; never beyond the screen's edges.
 void CentreOnScreen(QWidget *form);
 
 // The control, given the objectName by which its dialog's code and tests know it.

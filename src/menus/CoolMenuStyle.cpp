@@ -15,6 +15,9 @@
 #include <QStyleOptionMenuItem>
 #include <qdrawutil.h>
 
+#include <algorithm>
+#include <cmath>
+
 namespace zolt {
 
 namespace {
@@ -37,10 +40,37 @@ QColor InkOn(const QColor &background)
     return qGray(background.rgb()) < 150 ? QColor(Qt::white) : QColor(Qt::black);
 }
 
-// Halfway between two colours: a disabled item's text on the selection.
-QColor Blend(const QColor &a, const QColor &b)
+// How bright a colour looks, and how two colours stand apart, as the usual
+// accessibility guidance reckons them (1:1 to 21:1).
+double Luminance(const QColor &c)
 {
-    return QColor((a.red() + b.red()) / 2, (a.green() + b.green()) / 2, (a.blue() + b.blue()) / 2);
+    const auto linear = [](double v) { return v <= 0.03928 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4); };
+    return 0.2126 * linear(c.redF()) + 0.7152 * linear(c.greenF()) + 0.0722 * linear(c.blueF());
+}
+
+double Contrast(const QColor &a, const QColor &b)
+{
+    const double la = Luminance(a), lb = Luminance(b);
+    return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
+}
+
+// A disabled item's text on the selection: black or white, whichever stands
+// out more, dimmed toward the selection as far as it still reads at 4.5:1.
+QColor DisabledInkOn(const QColor &selection)
+{
+    const QColor ink = Contrast(Qt::black, selection) > Contrast(Qt::white, selection) ? QColor(Qt::black)
+                                                                                       : QColor(Qt::white);
+    QColor dimmed = ink;
+    for (int step = 1; step <= 10; ++step) {   // at most halfway
+        const double t = step / 20.0;
+        const QColor next = QColor::fromRgbF(float(ink.redF() + (selection.redF() - ink.redF()) * t),
+                                             float(ink.greenF() + (selection.greenF() - ink.greenF()) * t),
+                                             float(ink.blueF() + (selection.blueF() - ink.blueF()) * t));
+        if (Contrast(next, selection) < 4.5)
+            break;
+        dimmed = next;
+    }
+    return dimmed;
 }
 
 // The picture's shape in one colour, at the picture's own pixel ratio.
@@ -175,7 +205,7 @@ void CoolMenuStyle::OnDrawItem(const QStyleOptionMenuItem &item, QPainter *paint
     const QColor selection = OleColorToQColor(m_wnd.SelectColor, item.palette);
     const QColor disabled = item.palette.color(QPalette::Disabled, QPalette::Text);
     const QColor plain = enabled ? OleColorToQColor(m_wnd.ForeColor, item.palette) : disabled;
-    const QColor onSelection = enabled ? InkOn(selection) : Blend(InkOn(selection), selection);
+    const QColor onSelection = enabled ? InkOn(selection) : DisabledInkOn(selection);
     const QColor ink = selected && m_wnd.FullSelect ? onSelection : plain;
     if (selected) {
         const QRect band = m_wnd.FullSelect ? r.adjusted(Margin, 0, -Margin, 0)

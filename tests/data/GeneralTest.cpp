@@ -52,6 +52,41 @@ TEST_P(GeneralTest, AShownDialogIsCentredAtTheSizeItsLayoutGaveIt)
     EXPECT_EQ(edit->font(), QFont(u"DejaVu Serif"_s, 10));
 }
 
+// Centred when its settings are applied and again when shown: on its owner's
+// window when it has one on show, else on the screen, and never beyond the
+// screen's edges.
+TEST_P(GeneralTest, ADialogIsCentredOnItsOwnerOrTheScreenAndNeverLeavesIt)
+{
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    QWidget owner;
+    owner.setGeometry(40, 50, 300, 200);
+    test::showActive(&owner);
+    const struct {
+        QWidget *owner;
+        QSize minimum;
+    } cases[] = {{nullptr, {}}, {&owner, {}}, {&owner, screen.size() * 2}, {nullptr, screen.size() + QSize(0, 300)}};
+    for (const auto &[parent, minimum] : cases) {
+        QDialog dialog(parent);
+        (new QVBoxLayout(&dialog))->addWidget(new QLineEdit(&dialog));
+        dialog.setMinimumSize(minimum);
+        ApplyFormSettings(&dialog);
+        const QRect around = parent ? owner.frameGeometry() : screen;
+        // Before it shows, at the size its layout asks for.
+        const auto expectPlaced = [&](const char *when) {
+            const QRect frame = dialog.isVisible() ? dialog.frameGeometry()
+                                                   : QRect(dialog.pos(), dialog.size().expandedTo(dialog.sizeHint()));
+            if (frame.width() <= screen.width())
+                EXPECT_LE(std::abs(frame.center().x() - around.center().x()), 1) << when;
+            if (frame.height() <= screen.height())
+                EXPECT_LE(std::abs(frame.center().y() - around.center().y()), 1) << when;
+            EXPECT_TRUE(screen.contains(frame.topLeft())) << when;
+        };
+        expectPlaced("when its settings are applied");
+        test::showActive(&dialog);
+        expectPlaced("when shown");
+    }
+}
+
 TEST_P(GeneralTest, SmallOrInvalidSizesLeaveTheSizeAndAMissingFontTakesTheDefault)
 {
     const int before = edit->font().pointSize();

@@ -15,6 +15,9 @@
 #include <QSignalSpy>
 #include <QTest>
 
+#include <algorithm>
+#include <cmath>
+
 using namespace zolt;
 using namespace Qt::StringLiterals;
 
@@ -193,6 +196,46 @@ TEST(CoolMenu, HighlightRaisesTheItemsHelpByMouseAndKeyboard)
     QTest::keyClick(sales.file, Qt::Key_Escape);   // closed: the help goes
     ASSERT_TRUE(QTest::qWaitFor([&] { return help.size() == 4; }, 1000));
     EXPECT_EQ(help.at(3), (QVariantList{QString(), QString(), true}));
+}
+
+// The usual accessibility guidance: text at least 4.5 times as bright as its
+// background, or the other way round.
+double contrast(QRgb a, QRgb b)
+{
+    const auto luminance = [](QRgb c) {
+        const auto linear = [](int v) {
+            const double f = v / 255.0;
+            return f <= 0.03928 ? f / 12.92 : std::pow((f + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(qRed(c)) + 0.7152 * linear(qGreen(c)) + 0.0722 * linear(qBlue(c));
+    };
+    const double la = luminance(a), lb = luminance(b);
+    return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
+}
+
+// A disabled item, highlighted so that its help shows, still reads against
+// the selection, whatever colour the selection is.
+TEST(CoolMenu, AHighlightedDisabledItemReadsAgainstTheSelection)
+{
+    for (const QColor selection : {QColor(0x30, 0x8c, 0xc6), QColor(0x00, 0x00, 0x80), QColor(0xff, 0xd7, 0x00)}) {
+        SalesWindow sales;
+        QPalette palette = sales.window.palette();
+        palette.setColor(QPalette::Highlight, selection);
+        sales.window.setPalette(palette);
+        sales.install();
+        sales.file->popup(QPoint(20, 20));
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(sales.file));
+        sales.file->setActiveAction(sales.print);
+        const QImage item = sales.file->grab(sales.file->actionGeometry(sales.print)).toImage();
+        sales.file->hide();
+        const QRgb background = selection.rgb();
+        double best = 1;
+        for (int y = 0; y < item.height(); ++y) {
+            for (int x = item.width() / 4; x < item.width(); ++x)   // the caption, past the picture
+                best = std::max(best, contrast(item.pixel(x, y), background));
+        }
+        EXPECT_GE(best, 4.5) << selection.name().toStdString();
+    }
 }
 
 TEST(CoolMenu, ATypedLetterRunsOrSelectsTheItemsWhoseMnemonicItIs)
