@@ -36,6 +36,8 @@ FmSelHang::FmSelHang(QWidget *parent)
     TxtSelH = Named(new QLineEdit(this), "TxtSelH");
     FrDetail = Named(new QGroupBox(QStringLiteral("Danh sách"), this), "FrDetail");
     lv1IP = Named(new QListView(FrDetail), "lv1IP");
+    Label1->setBuddy(TxtSelH);   // how a screen reader names them
+    lv1IP->setAccessibleName(FrDetail->title());
     lv1IP->setUniformItemSizes(true);   // a million rows are laid out without measuring each
     lv1IP->setEditTriggers(QAbstractItemView::NoEditTriggers);
     lv1IP->setFixedSize(420, 320);

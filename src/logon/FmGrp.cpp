@@ -54,10 +54,14 @@ FmGrp::FmGrp(QWidget *parent)
     TxtName = Named(new QLineEdit(Frame1), "TxtName");
     Label2 = Named(new QLabel(QStringLiteral("Diễn giải"), Frame1), "Label2");
     TxtDesc = Named(new QLineEdit(Frame1), "TxtDesc");
+    Label1->setBuddy(TxtName);   // a screen reader names each box by its label
+    Label2->setBuddy(TxtDesc);
+    Lv1->setAccessibleName(QStringLiteral("Nhóm người sử dụng"));
     FrDetail = Named(new QGroupBox(QStringLiteral("Danh sách"), this), "FrDetail");
     lvUser = Named(new QTreeWidget(FrDetail), "lvUser");
     lvUser->setHeaderLabels({QStringLiteral("Tên"), QStringLiteral("Diễn giải")});
     lvUser->setRootIsDecorated(false);
+    lvUser->setAccessibleName(QStringLiteral("Người sử dụng của nhóm"));
     lvUser->setColumnWidth(0, 140);
     CmdPms = Named(new QPushButton(QStringLiteral("&Phân quyền"), FrDetail), "CmdPms");
     CmdAdd = Named(new QPushButton(Add, this), "CmdAdd");

@@ -40,6 +40,8 @@ FrPms::FrPms(qint32 groupCode, QWidget *parent)
     LstMenuBar = Named(new QListWidget(this), "LstMenuBar");
     LstSubMenu = Named(new QListWidget(this), "LstSubMenu");
     LstSubMenu->setSelectionMode(QAbstractItemView::MultiSelection);
+    LstMenuBar->setAccessibleName(QStringLiteral("Thực đơn"));
+    LstSubMenu->setAccessibleName(QStringLiteral("Mục được dùng của thực đơn"));
     for (QListWidget *list : {LstMenuBar, LstSubMenu})
         list->setFixedSize(230, 260);
     CmdOk = Named(new QPushButton(QStringLiteral("&Ghi"), this), "CmdOk");

@@ -59,6 +59,10 @@ FrmInput::FrmInput(QWidget *parent)
     Label5 = Named(new QLabel(QStringLiteral("Bộ phận"), this), "Label5");
     TxtIdGroup = Named(new QComboBox(this), "TxtIdGroup");
     TxtIdGroup->setSizeAdjustPolicy(QComboBox::AdjustToContents);   // "name-description" shown whole
+    // A screen reader names each box by its label.
+    for (const auto &[label, box] : {std::pair<QLabel *, QWidget *>{Label1, Txtuser}, {Label2, TxtPass},
+                                     {Label4, txtConfirm}, {Label3, TxtDes}, {Label5, TxtIdGroup}})
+        label->setBuddy(box);
     CMDOK = Named(new QPushButton(QStringLiteral("Đồ&ng ý"), this), "CMDOK");
     CMDCAN = Named(new QPushButton(QStringLiteral("&Bỏ qua"), this), "CMDCAN");
     Command1 = Named(new QPushButton(QStringLiteral("&Hướng dẫn"), this), "Command1");

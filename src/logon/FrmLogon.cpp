@@ -42,6 +42,8 @@ FrmLogon::FrmLogon(QWidget *parent)
     CmdOk->setToolTip(QStringLiteral("Click here to Logon!"));
     CmdCan = Named(new QPushButton(QStringLiteral("Thoát"), this), "CmdCan");
     CmdHelp = Named(new QPushButton(QStringLiteral("Hướng dẫn"), this), "CmdHelp");
+    Label1->setBuddy(Txtuser);   // a screen reader names each box by its label
+    Label2->setBuddy(TxtPass);
     Image1 = Named(new QLabel(this), "Image1");
     Image1->setPixmap(QPixmap(QStringLiteral(":/zolt/logon.png")));
     Image1->setAlignment(Qt::AlignTop | Qt::AlignHCenter);

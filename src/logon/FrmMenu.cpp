@@ -96,6 +96,7 @@ FrmMenu::FrmMenu(QWidget *parent)
     Lv = Named(new QTreeView(this), "Lv");
     Lv->setModel(m_users);
     Lv->setRootIsDecorated(false);
+    Lv->setAccessibleName(QStringLiteral("Người sử dụng"));
     Lv->setUniformRowHeights(true);
     Lv->setAllColumnsShowFocus(true);
     Lv->setIconSize(QSize(16, 16));

@@ -14,6 +14,7 @@
 
 #include <zolt/Tesmir.h>
 
+#include <QComboBox>
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -60,8 +61,15 @@ FrmFind::FrmFind(QWidget *parent)
         CmbFld[i] = element(new DataCombo1(this), "CmbFld", i);
         CmbPredicate[i] = element(new DataCombo1(this), "CmbPredicate", i);
         MskValue[i] = element(new QLineEdit(this), "MskValue", i);
-        if (cmbLg[i])
+        // A screen reader names each control by its column and row.
+        const QString row = QStringLiteral(" dòng %1").arg(i + 1);
+        CmbFld[i]->Cmb1()->setAccessibleName(QString::fromUtf8(headings[1]) + row);
+        CmbPredicate[i]->Cmb1()->setAccessibleName(QString::fromUtf8(headings[2]) + row);
+        MskValue[i]->setAccessibleName(QString::fromUtf8(headings[3]) + row);
+        if (cmbLg[i]) {
+            cmbLg[i]->Cmb1()->setAccessibleName(QString::fromUtf8(headings[0]) + row);
             rows->addWidget(cmbLg[i], i + 1, 0);
+        }
         rows->addWidget(CmbFld[i], i + 1, 1);
         rows->addWidget(CmbPredicate[i], i + 1, 2);
         rows->addWidget(MskValue[i], i + 1, 3);
@@ -72,6 +80,7 @@ FrmFind::FrmFind(QWidget *parent)
     rows->setColumnMinimumWidth(3, 190);
     TxtResult = Named(new QPlainTextEdit(this), "TxtResult");
     TxtResult->setReadOnly(true);
+    TxtResult->setAccessibleName(QStringLiteral("Điều kiện"));
     TxtResult->setFixedHeight(70);
     TxtResult->setTabChangesFocus(true);
     FrCmd = Named(new QFrame(this), "FrCmd");
