@@ -11,6 +11,7 @@
 #include <zolt/Tesmir.h>
 #include <zolt/clsSearch.h>
 
+#include <QApplication>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListView>
@@ -224,6 +225,33 @@ TEST_P(FrmFindTest, TypedValuesNeverMatchMoreThanTheyMean)
         }
     }
     EXPECT_EQ(db.scalar(u"Select Count(*) From NhanVien"_s).toInt(), 4);
+}
+
+// A search left open without waiting never swallows a later call: the same
+// table brings it forward, a modal call gets a dialog of its own.
+TEST_P(FrmFindTest, AnOpenSearchNeverSwallowsAnotherCall)
+{
+    clsSearch open;
+    open.SetTableSearch(u"NhanVien"_s);
+    open.Show();
+    const auto searches = [] {
+        int shown = 0;
+        for (QWidget *window : QApplication::topLevelWidgets())
+            shown += window->objectName() == u"FrmFind"_s && window->isVisible();
+        return shown;
+    };
+    EXPECT_EQ(searches(), 1);
+    open.Show();
+    EXPECT_EQ(searches(), 1);   // brought forward
+    EXPECT_EQ(find([&](QWidget *form) {
+        EXPECT_EQ(searches(), 2);
+        fillRow(form, 0, 0, 1, u"Binh"_s);
+        test::click(form, "CmdOK");
+    }), "(Ten  =  'Binh')");
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == u"FrmFind"_s)
+            window->close();
+    }
 }
 
 TEST_P(FrmFindTest, TheComponentStartsAfreshAndATableWithoutCatalogueOffersNothing)
