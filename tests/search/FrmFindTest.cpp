@@ -222,6 +222,7 @@ TEST_P(FrmFindTest, TypedValuesNeverMatchMoreThanTheyMean)
                 meant.addBindValue(text);
             ASSERT_TRUE(meant.exec() && meant.next());
             EXPECT_LE(matched(condition), meant.value(0).toLongLong()) << condition.left(80).toStdString();
+            EXPECT_LE(matched(ConditionSql(db.db(), condition)), meant.value(0).toLongLong()) << condition.left(80).toStdString();
         }
     }
     EXPECT_EQ(db.scalar(u"Select Count(*) From NhanVien"_s).toInt(), 4);
