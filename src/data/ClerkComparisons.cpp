@@ -25,19 +25,24 @@ bool isNameCharacter(QChar c)
     return c.isLetterOrNumber() || c == u'_' || c == u'.' || c == u'$';
 }
 
+// Where the text quoted from i ends, a doubled quote staying inside; nothing
+// when it runs to the end unclosed.
+std::optional<qsizetype> quoteEnd(const QString &sql, qsizetype i)
+{
+    const QChar c = sql.at(i);
+    for (qsizetype end = i + 1; end < sql.size(); end += sql.at(end) == c ? 2 : 1) {
+        if (sql.at(end) == c && !(end + 1 < sql.size() && sql.at(end + 1) == c))
+            return end + 1;
+    }
+    return std::nullopt;
+}
+
 // Where the quoted text, bracketed name or run of name characters starting at i ends.
 qsizetype endOf(const QString &sql, qsizetype i)
 {
     const QChar c = sql.at(i);
-    if (c == u'\'' || c == u'"') {
-        qsizetype end = i + 1;
-        while (end < sql.size()) {
-            if (sql.at(end) == c && !(end + 1 < sql.size() && sql.at(end + 1) == c))
-                return end + 1;
-            end += sql.at(end) == c ? 2 : 1;
-        }
-        return sql.size();
-    }
+    if (c == u'\'' || c == u'"')
+        return quoteEnd(sql, i).value_or(sql.size());
     if (c == u'[') {
         const qsizetype close = sql.indexOf(u']', i);
         return close < 0 ? sql.size() : close + 1;
@@ -57,8 +62,9 @@ QList<Token> tokens(const QString &sql)
     for (qsizetype i = 0; i < sql.size();) {
         const QChar c = sql.at(i);
         const qsizetype end = endOf(sql, i);
+        // Text left unclosed is no literal to compare with.
         const Kind kind = c.isSpace() ? Kind::Space
-                          : c == u'\''   ? Kind::Quoted
+                          : c == u'\''   ? (quoteEnd(sql, i) ? Kind::Quoted : Kind::Symbol)
                           : (c == u'"' || c == u'[' || isNameCharacter(c)) ? Kind::Name
                                                                           : Kind::Symbol;
         // A name chain such as T.[Name] is one operand.
