@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// What every dialog of the library shares: the set-up it runs when it loads,
-// the saving of a setting with its message on failure, and key presses.
+// What every dialog of the library shares: the set-up it runs when it loads
+// and the saving of a setting with its message on failure (both public, in
+// <zolt/Options.h>), and key presses.
+
+#include <zolt/Options.h>
 
 #include <QString>
 #include <QWidget>
@@ -18,16 +21,6 @@ namespace zolt {
 // The font name last applied to a dialog; every dialog load reads it again
 // from the options.
 extern QString DefaultFontName;
-
-// Stores the value in Options (see SaveOption). 0 on success; on failure the
-// user is told and the error number returned.
-qint32 WriteOption(const QString &section, const QString &key, const QString &value,
-                   const QString &description, qint32 isNew);
-
-// Gives every child widget the configured font name and, when greater than 8,
-// size, and centres the dialog now and again whenever it is shown, at the size
-// its layout has given it by then (see CentreOnScreen).
-void ApplyFormSettings(QWidget *form);
 
 // Places the window in the middle of its owner's window, or of its screen when
 // it has no owner on show; never beyond the screen's edges.

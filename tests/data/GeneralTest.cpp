@@ -75,10 +75,12 @@ TEST_P(GeneralTest, ADialogIsCentredOnItsOwnerOrTheScreenAndNeverLeavesIt)
         const auto expectPlaced = [&](const char *when) {
             const QRect frame = dialog.isVisible() ? dialog.frameGeometry()
                                                    : QRect(dialog.pos(), dialog.size().expandedTo(dialog.sizeHint()));
-            if (frame.width() <= screen.width())
+            if (frame.width() <= screen.width()) {
                 EXPECT_LE(std::abs(frame.center().x() - around.center().x()), 1) << when;
-            if (frame.height() <= screen.height())
+            }
+            if (frame.height() <= screen.height()) {
                 EXPECT_LE(std::abs(frame.center().y() - around.center().y()), 1) << when;
+            }
             EXPECT_TRUE(screen.contains(frame.topLeft())) << when;
         };
         expectPlaced("when its settings are applied");
