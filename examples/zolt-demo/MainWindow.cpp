@@ -199,17 +199,17 @@ MainWindow::~MainWindow()
 // the status bar says the condition in words.
 void MainWindow::showGoods(const QString &condition, const QString &words)
 {
-    // The wizard's condition is written as the library writes SQL, and
-    // compares text as a clerk expects.
+    // The wizard's condition, made ready for the engine once, compares text
+    // as a clerk expects.
     const QString where = condition.isEmpty() ? QString() : QStringLiteral(" WHERE ") + zolt::ConditionSql(m_db, condition);
     QSqlQuery count(m_db);
-    if (!count.exec(zolt::DriverSql(m_db, QStringLiteral("SELECT COUNT(*) FROM Hang") + where)) || !count.next()) {
+    if (!count.exec(QStringLiteral("SELECT COUNT(*) FROM Hang") + where) || !count.next()) {
         m_logon.MgBox(QStringLiteral("Không lọc được danh mục: ") + count.lastError().text(), zolt::vbOKOnly,
-                      QStringLiteral("Bán hàng ZOLT"), zolt::vbExclamation);
+                      QStringLiteral("Bán hàng ZOLT"), zolt::vbExclamation, this);
         return;
     }
-    m_goods->setQuery(zolt::DriverSql(m_db, QStringLiteral("SELECT MaHang, TenHang, DonVi, GiaBan, NgayNhap FROM Hang")
-                                                  + where + QStringLiteral(" ORDER BY MaHang")),
+    m_goods->setQuery(QStringLiteral("SELECT MaHang, TenHang, DonVi, GiaBan, NgayNhap FROM Hang") + where
+                          + QStringLiteral(" ORDER BY MaHang"),
                       m_db);
     m_summary->setText(QStringLiteral("Người sử dụng: %1   —   %2 mặt hàng")
                            .arg(m_user, zolt::Tesmir().CvNStr(count.value(0).toString())));
@@ -223,7 +223,7 @@ void MainWindow::addSearchMenu()
     search->setObjectName(QStringLiteral("menuSearch"));
     QAction *find = search->addAction(QStringLiteral("&Tìm hàng hoá..."), this, [this] {
         QString words;
-        const QString condition = zolt::Tesmir().FindShow(m_db, QStringLiteral("Hang"), &words);
+        const QString condition = zolt::Tesmir().FindShow(m_db, QStringLiteral("Hang"), &words, this);
         if (!condition.isEmpty())
             showGoods(condition, words);
     });
@@ -272,20 +272,20 @@ void MainWindow::connectSubMenu(QAction *action, int id)
     switch (id) {
     case UsersItem:
         action->setObjectName(QStringLiteral("actionUsers"));
-        connect(action, &QAction::triggered, this, [this] { m_logon.UserManager(m_db); });
+        connect(action, &QAction::triggered, this, [this] { m_logon.UserManager(m_db, this); });
         break;
     case GroupsItem:
         action->setObjectName(QStringLiteral("actionGroups"));
-        connect(action, &QAction::triggered, this, [this] { m_logon.ShowGroup(m_db); });
+        connect(action, &QAction::triggered, this, [this] { m_logon.ShowGroup(m_db, this); });
         break;
     case PasswordItem:
         action->setObjectName(QStringLiteral("actionPassword"));
-        connect(action, &QAction::triggered, this, [this] { m_logon.ShowUser(m_db, m_user); });
+        connect(action, &QAction::triggered, this, [this] { m_logon.ShowUser(m_db, m_user, this); });
         break;
     default:
         connect(action, &QAction::triggered, this, [this, name = action->text()] {
             m_logon.MgBox(QStringLiteral("Chức năng \u00ab%1\u00bb có trong phiên bản sau.").arg(name),
-                          zolt::vbOKOnly, QStringLiteral("Bán hàng ZOLT"), zolt::vbInformation);
+                          zolt::vbOKOnly, QStringLiteral("Bán hàng ZOLT"), zolt::vbInformation, this);
         });
     }
 }
@@ -345,7 +345,7 @@ void MainWindow::addLookMenu()
 bool MainWindow::askToQuit()
 {
     return m_logon.MgBox(QStringLiteral("Bạn có muốn thoát khỏi chương trình không?"), zolt::vbYesNo,
-                         QStringLiteral("Bán hàng ZOLT"), zolt::vbQuestion) == QLatin1String("6");
+                         QStringLiteral("Bán hàng ZOLT"), zolt::vbQuestion, this) == zolt::Answer::Yes;
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

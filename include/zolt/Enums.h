@@ -23,6 +23,19 @@ enum IconValue : qint32 {
     vbInformation = 64
 };
 
+// The button a message box was left by (MgBox with Buttons and IconValue);
+// None when it was closed otherwise. The numbers are the classic answer codes.
+enum class Answer : qint32 {
+    None = 0,
+    OK = 1,
+    Cancel = 2,
+    Abort = 3,
+    Retry = 4,
+    Ignore = 5,
+    Yes = 6,
+    No = 7
+};
+
 // The predefined registry roots, by their classic handle numbers.
 enum REGToolRootTypes : qint32 {
     HK_CLASSES_ROOT = qint32(0x80000000u),

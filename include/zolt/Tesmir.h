@@ -9,6 +9,8 @@
 
 #include <memory>
 
+class QWidget;
+
 namespace zolt {
 
 // Small system services for the host and the library's dialogs: user and
@@ -53,7 +55,9 @@ public:
     // A QSqlDatabase without a driver raises zolt::Error 13. Words, when
     // given, receives the condition as a clerk reads it ("Tên hàng bắt đầu
     // bằng 'Bánh'"); ConditionSql makes the condition ready for the engine.
-    QString FindShow(const QSqlDatabase &Connection, const QString &TblName, QString *Words = nullptr) const;
+    // The dialog is transient for parent when one is given.
+    QString FindShow(const QSqlDatabase &Connection, const QString &TblName, QString *Words = nullptr,
+                     QWidget *parent = nullptr) const;
 
     // "-" or "+" when St starts with it, else "".
     QString Sign(const QString &St) const;

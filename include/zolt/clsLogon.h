@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <zolt/Enums.h>
 #include <zolt/zolt_export.h>
 
 #include <QSqlDatabase>
 #include <QString>
 
 #include <memory>
+
+class QWidget;
 
 namespace zolt {
 
@@ -22,21 +25,21 @@ public:
 
     // Each entry point that takes a Connection makes it the library's
     // connection; a QSqlDatabase without a driver raises zolt::Error 13 before
-    // anything shows.
+    // anything shows. Each dialog is transient for parent when one is given.
 
     // Shows the logon dialog and returns the Code of the user in table [User] who logged
     // on, or 0 when the dialog was cancelled or closed.
-    qint32 ShowLogon(const QSqlDatabase &Connection);
+    qint32 ShowLogon(const QSqlDatabase &Connection, QWidget *parent = nullptr);
 
     // The user list of table [User] on Connection: add, edit and delete users.
-    void UserManager(const QSqlDatabase &Connection);
+    void UserManager(const QSqlDatabase &Connection, QWidget *parent = nullptr);
 
     // The user editor for UserName's own record: only the password may change.
-    void ShowUser(const QSqlDatabase &Connection, const QString &UserName);
+    void ShowUser(const QSqlDatabase &Connection, const QString &UserName, QWidget *parent = nullptr);
 
     // The user groups of table Groups on Connection, and through them the
     // groups' menu rights (see GetBit in <zolt/MenuRights.h>).
-    void ShowGroup(const QSqlDatabase &Connection);
+    void ShowGroup(const QSqlDatabase &Connection, QWidget *parent = nullptr);
 
     // Shows Message with button set Button (0 OK ... 5 Retry/Cancel, see
     // zolt::Buttons) and icon (see zolt::IconValue), and returns the answer
@@ -44,10 +47,15 @@ public:
     // button, "0" for the others. An empty Title becomes the application's
     // display name and is written back.
     QString MgBox(const QString &Message, qint32 Button, QString &Title, qint32 icon = 0,
-                  bool RightToLeft = false);
+                  bool RightToLeft = false, QWidget *parent = nullptr);
     QString MgBox(const QString &Message, qint32 Button, const QString &Title, qint32 icon = 0,
-                  bool RightToLeft = false);
+                  bool RightToLeft = false, QWidget *parent = nullptr);
     QString MgBox(const QString &Message, qint32 Button = 0);
+
+    // The same box, answering with the button pressed, every button told
+    // apart (Answer::None when it was closed otherwise).
+    Answer MgBox(const QString &Message, Buttons buttons, const QString &Title, IconValue icon = IconValue(0),
+                 QWidget *parent = nullptr);
 
     // The font name the library's dialogs use, until the next dialog reads
     // the configured one again.

@@ -17,8 +17,10 @@ namespace zolt {
 // TableSearch from the fields its catalogue (table LstFld) offers, and Result
 // is that condition, to be put after WHERE; "" when the user cancelled.
 //
-// The dialog's queries run on the library's connection, the one that a logon
-// entry point or Tesmir::FindShow was last given, never on ActiveConnection.
+// The dialog's queries run on the QSqlDatabase the class was given with
+// SetActiveConnection, which becomes the library's connection when it shows;
+// given none (or only a description), on the library's connection, the one
+// that a logon entry point or Tesmir::FindShow was last given.
 class ZOLT_EXPORT clsSearch {
 public:
     clsSearch();
@@ -29,7 +31,9 @@ public:
     // The description of the class's own connection, "" until one is set.
     QString ActiveConnection() const;
     void SetActiveConnection(const QString &Cnn);
-    // Takes the connection's description (driver, database, server, user).
+    // The connection the dialog runs on; ActiveConnection describes it
+    // (driver, database, server, user). A QSqlDatabase without a driver
+    // raises zolt::Error 13.
     void SetActiveConnection(const QSqlDatabase &Cnn);
 
     QString TableSearch() const;
@@ -41,7 +45,7 @@ public:
     QString Result() const;
     QString ResultWords() const;
 
-    // Shows the dialog: modally when Modal is 1, else without waiting, in
+    // Shows the dialog, transient for OwnerForm when given: modally when Modal is 1, else without waiting, in
     // which case Result is read at once and is "". A dialog shown without
     // waiting for the same table and still open is brought forward instead;
     // any other call shows a dialog of its own.

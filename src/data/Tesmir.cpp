@@ -137,12 +137,12 @@ QString Tesmir::ReadRegVlA(const QString &UserName, const QString &VlName,
     return ReadProfileString(UserName, VlName, QString(), Path).left(BufferLength);
 }
 
-QString Tesmir::FindShow(const QSqlDatabase &Connection, const QString &TblName, QString *Words) const
+QString Tesmir::FindShow(const QSqlDatabase &Connection, const QString &TblName, QString *Words, QWidget *parent) const
 {
     UseConnection(Connection);
     clsSearch search;
     search.SetTableSearch(TblName);
-    search.Show(1);
+    search.Show(1, parent);
     if (Words)
         *Words = search.ResultWords();
     return search.Result();

@@ -9,7 +9,6 @@
 #include "logon/FrmMenu.h"
 #include "msgbox/MdlMsg.h"
 
-
 namespace zolt {
 
 struct clsLogon::Private {};
@@ -21,25 +20,25 @@ clsLogon::clsLogon()
 
 clsLogon::~clsLogon() = default;
 
-qint32 clsLogon::ShowLogon(const QSqlDatabase &Connection)
+qint32 clsLogon::ShowLogon(const QSqlDatabase &Connection, QWidget *parent)
 {
     UseConnection(Connection);
-    FrmLogon logon;
+    FrmLogon logon(parent);
     logon.exec();
     return logon.UserCode;
 }
 
-void clsLogon::UserManager(const QSqlDatabase &Connection)
+void clsLogon::UserManager(const QSqlDatabase &Connection, QWidget *parent)
 {
     UseConnection(Connection);
-    FrmMenu users;
+    FrmMenu users(parent);
     users.exec();
 }
 
-void clsLogon::ShowUser(const QSqlDatabase &Connection, const QString &UserName)
+void clsLogon::ShowUser(const QSqlDatabase &Connection, const QString &UserName, QWidget *parent)
 {
     UseConnection(Connection);
-    FrmInput editor;
+    FrmInput editor(parent);
     editor.FieldsEnabled = false;
     editor.EditMode = true;
     editor.UserName = UserName;
@@ -47,27 +46,33 @@ void clsLogon::ShowUser(const QSqlDatabase &Connection, const QString &UserName)
     editor.exec();
 }
 
-void clsLogon::ShowGroup(const QSqlDatabase &Connection)
+void clsLogon::ShowGroup(const QSqlDatabase &Connection, QWidget *parent)
 {
     UseConnection(Connection);
-    FmGrp groups;
+    FmGrp groups(parent);
     groups.exec();
 }
 
-QString clsLogon::MgBox(const QString &Message, qint32 Button, QString &Title, qint32 icon, bool RightToLeft)
+QString clsLogon::MgBox(const QString &Message, qint32 Button, QString &Title, qint32 icon, bool RightToLeft,
+                        QWidget *parent)
 {
-    return ShowMgBox(Message, Button, Title, icon, RightToLeft);
+    return ShowMgBox(Message, Button, Title, icon, RightToLeft, parent);
 }
 
 QString clsLogon::MgBox(const QString &Message, qint32 Button, const QString &Title, qint32 icon,
-                        bool RightToLeft)
+                        bool RightToLeft, QWidget *parent)
 {
-    return ShowMgBox(Message, Button, Title, icon, RightToLeft);
+    return ShowMgBox(Message, Button, Title, icon, RightToLeft, parent);
 }
 
 QString clsLogon::MgBox(const QString &Message, qint32 Button)
 {
     return ShowMgBox(Message, Button);
+}
+
+Answer clsLogon::MgBox(const QString &Message, Buttons buttons, const QString &Title, IconValue icon, QWidget *parent)
+{
+    return Answer(ShowMgBoxAnswer(Message, buttons, Title, icon, parent));
 }
 
 void clsLogon::SetDfFont(const QString &F1)

@@ -8,11 +8,15 @@
 
 namespace zolt {
 
-QString ShowMgBox(const QString &Message, qint32 Button, QString &Title, qint32 icon, bool RightToLeft)
+namespace {
+
+// Shows the box; the answer code of the button it was left by, 0 for none.
+qint32 showBox(const QString &Message, qint32 Button, QString &Title, qint32 icon, bool RightToLeft, QWidget *parent)
 {
-    // The box has no owner to hand the keyboard back to: the window that had it gets it again.
+    // A box without an owner has none to hand the keyboard back to: the
+    // window that had it gets it again.
     const QPointer<QWidget> previous = QApplication::activeWindow();
-    QPointer<MessageBox> box = new MessageBox;
+    QPointer<MessageBox> box = new MessageBox(parent);
     if (Title.isEmpty())
         Title = QGuiApplication::applicationDisplayName();
     box->SetMessage(Message);
@@ -21,22 +25,38 @@ QString ShowMgBox(const QString &Message, qint32 Button, QString &Title, qint32 
     box->SetButtons(Button);
     box->SetIcon(icon);
     box->exec();
+    const qint32 pressed = box ? box->PressedAnswer : 0;
     delete box;
     if (previous)
         previous->activateWindow();
+    return pressed;
+}
+
+} // namespace
+
+QString ShowMgBox(const QString &Message, qint32 Button, QString &Title, qint32 icon, bool RightToLeft, QWidget *parent)
+{
+    showBox(Message, Button, Title, icon, RightToLeft, parent);
     return MessageBox::ReturnValue;
 }
 
-QString ShowMgBox(const QString &Message, qint32 Button, const QString &Title, qint32 icon, bool RightToLeft)
+QString ShowMgBox(const QString &Message, qint32 Button, const QString &Title, qint32 icon, bool RightToLeft,
+                  QWidget *parent)
 {
     QString title = Title;
-    return ShowMgBox(Message, Button, title, icon, RightToLeft);
+    return ShowMgBox(Message, Button, title, icon, RightToLeft, parent);
 }
 
 QString ShowMgBox(const QString &Message, qint32 Button)
 {
     QString title;
     return ShowMgBox(Message, Button, title);
+}
+
+qint32 ShowMgBoxAnswer(const QString &Message, qint32 Button, const QString &Title, qint32 icon, QWidget *parent)
+{
+    QString title = Title;
+    return showBox(Message, Button, title, icon, false, parent);
 }
 
 } // namespace zolt

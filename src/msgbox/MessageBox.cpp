@@ -44,16 +44,17 @@ constexpr int MessageMaxWidth = 9000;
 struct ButtonLook {
     const char *caption;
     const char *tag;
+    qint32 answer;   // the button's own answer code, whatever its tag says
 };
 
-constexpr ButtonLook Ok = {"Đồ&ng ý", "OK"};
-constexpr ButtonLook Cancel = {"&Bỏ qua", "CAN"};
-constexpr ButtonLook Abort = {"Bỏ &dở", "ABO"};
-constexpr ButtonLook Retry = {"&Thử lại", "RET"};
-constexpr ButtonLook Ignore = {"&Bác bỏ", "ABO"};   // the Abort tag: decoded as the others are
-constexpr ButtonLook Yes = {"&Có", "YES"};
-constexpr ButtonLook No = {"&Không", "NO"};
-constexpr ButtonLook Hidden = {nullptr, nullptr};
+constexpr ButtonLook Ok = {"Đồ&ng ý", "OK", 1};
+constexpr ButtonLook Cancel = {"&Bỏ qua", "CAN", 2};
+constexpr ButtonLook Abort = {"Bỏ &dở", "ABO", 3};
+constexpr ButtonLook Retry = {"&Thử lại", "RET", 4};
+constexpr ButtonLook Ignore = {"&Bác bỏ", "ABO", 5};   // the Abort tag: decoded as the others are
+constexpr ButtonLook Yes = {"&Có", "YES", 6};
+constexpr ButtonLook No = {"&Không", "NO", 7};
+constexpr ButtonLook Hidden = {nullptr, nullptr, 0};
 
 // Cmd1, Cmd2 and Cmd3 of the six sets of the system message box, by number.
 constexpr std::array<std::array<ButtonLook, 3>, 6> Sets = {{
@@ -142,9 +143,9 @@ MessageBox::MessageBox(QWidget *parent)
     });
     for (QLabel *band : {label4, Label5})
         band->installEventFilter(this);
-    connect(Cmd1, &QPushButton::clicked, this, [this] { answer(GetReturn1(Tag(Cmd1))); });
-    connect(Cmd2, &QPushButton::clicked, this, [this] { answer(GetReturn(Tag(Cmd2), QString())); });
-    connect(Cmd3, &QPushButton::clicked, this, [this] { answer(GetReturn(Tag(Cmd3), QString())); });
+    connect(Cmd1, &QPushButton::clicked, this, [this] { answer(GetReturn1(Tag(Cmd1)), 0); });
+    connect(Cmd2, &QPushButton::clicked, this, [this] { answer(GetReturn(Tag(Cmd2), QString()), 1); });
+    connect(Cmd3, &QPushButton::clicked, this, [this] { answer(GetReturn(Tag(Cmd3), QString()), 2); });
 
     ApplyFormSettings(this);
     fitButtonsToFont();
@@ -328,9 +329,10 @@ bool MessageBox::focusNextPrevChild(bool next)
     return true;
 }
 
-void MessageBox::answer(qint32 code)
+void MessageBox::answer(qint32 code, int button)
 {
     ReturnValue = QString::number(code);
+    PressedAnswer = m_set >= 0 ? Sets[m_set][button].answer : GetReturn1(Tag(std::array{Cmd1, Cmd2, Cmd3}[button]));
     accept();
 }
 

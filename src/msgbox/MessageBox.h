@@ -25,6 +25,9 @@ public:
     // The answer of the last button clicked, as decimal digits. It outlives
     // every load of the dialog: closing it otherwise leaves the last answer.
     static QString ReturnValue;
+    // The answer code of the button this box was left by, every button told
+    // apart (Ignore is 5 though its tag reads as Abort); 0 when it was closed otherwise.
+    qint32 PressedAnswer = 0;
 
     // Answer code from a caption and a tag; the last matching test wins.
     static qint32 GetReturn(const QString &St, const QString &sTag = QString());
@@ -52,7 +55,7 @@ private:
     void layOut();
     void placeButtonRow();
     void fitButtonsToFont();
-    void answer(qint32 code);
+    void answer(qint32 code, int button);
     bool dragByTitleBand(QEvent *event);
 
     QPushButton *Cmd3;

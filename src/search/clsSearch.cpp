@@ -4,6 +4,8 @@
 #include "data/Database.h"
 #include "search/FrmFind.h"
 
+#include <zolt/Error.h>
+
 #include <QApplication>
 #include <QPointer>
 
@@ -11,6 +13,7 @@ namespace zolt {
 
 struct clsSearch::Private {
     QString connection;
+    QString connectionName;   // of a QSqlDatabase the class was given; its dialog runs on it
     QString table;
     QString result;
     QString words;
@@ -31,11 +34,15 @@ QString clsSearch::ActiveConnection() const
 void clsSearch::SetActiveConnection(const QString &Cnn)
 {
     d->connection = Cnn;
+    d->connectionName.clear();
 }
 
 void clsSearch::SetActiveConnection(const QSqlDatabase &Cnn)
 {
+    if (!Cnn.isValid())
+        throw Error(Error::TypeMismatch);
     d->connection = ConnectionString(Cnn);
+    d->connectionName = Cnn.connectionName();
 }
 
 QString clsSearch::TableSearch() const
@@ -64,6 +71,8 @@ void clsSearch::Show(std::optional<qint32> Modal, QWidget *OwnerForm)
 {
     static QList<QPointer<FrmFind>> modeless;
     modeless.removeAll(nullptr);
+    if (!d->connectionName.isEmpty())
+        UseConnection(QSqlDatabase::database(d->connectionName, false));
     d->result.clear();
     d->words.clear();
     if (Modal == 1) {

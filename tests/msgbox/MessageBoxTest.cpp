@@ -5,6 +5,7 @@
 #include "DialogSupport.h"
 
 #include <zolt/Enums.h>
+#include <zolt/clsLogon.h>
 
 #include <QLabel>
 #include <QPushButton>
@@ -153,4 +154,26 @@ TEST(MessageBox, LongMessagesWrapTheDialogDrawsItsFrameAndMovesByItsBand)
         EXPECT_TRUE(label(box, "Message")->alignment() & Qt::AlignRight);
         click(box, 0);
     }, u"Không thể lưu chứng từ vì kỳ kế toán đã khoá sổ. "_s.repeated(6), vbOKCancel, 0, true);
+}
+
+// Through the host's class with the Qt-shaped overload: every button told
+// apart, and the box transient for the host's window.
+TEST(MessageBox, TheQtShapedBoxTellsEveryButtonApart)
+{
+    QWidget owner;
+    test::showActive(&owner);
+    const std::pair<Buttons, QList<Answer>> sets[] = {
+        {vbYesNoCancel, {Answer::Yes, Answer::No, Answer::Cancel}}, {vbAbortRetryIgnore, {Answer::Abort, Answer::Retry, Answer::Ignore}},
+        {vbOKCancel, {Answer::OK, Answer::Cancel}}, {vbRetryCancel, {Answer::Retry, Answer::Cancel}}};
+    for (const auto &[set, answers] : sets) {
+        for (int i = 0; i < answers.size(); ++i) {
+            test::whenModalShows([&](QWidget *box) {
+                EXPECT_EQ(box->parentWidget(), &owner);
+                click(*box, i);
+            });
+            EXPECT_EQ(clsLogon().MgBox(u"Lưu chứng từ?"_s, set, u"Kế toán"_s, vbQuestion, &owner), answers[i]) << set << " " << i;
+        }
+    }
+    test::whenModalShows([](QWidget *box) { key(*box, Qt::Key_Escape); });
+    EXPECT_EQ(clsLogon().MgBox(u"Lưu chứng từ?"_s, vbYesNo, u"Kế toán"_s), Answer::None);
 }

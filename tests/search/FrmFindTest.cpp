@@ -255,6 +255,26 @@ TEST_P(FrmFindTest, AnOpenSearchNeverSwallowsAnotherCall)
     }
 }
 
+// Given a connection, the component searches on it, whatever the library's
+// connection was, and its dialog is transient for the owner it is given.
+TEST_P(FrmFindTest, AComponentGivenAConnectionSearchesOnIt)
+{
+    test::TempDatabase other(GetParam());   // now the library's connection, without a catalogue
+    QWidget owner;
+    clsSearch search;
+    search.SetActiveConnection(db.db());
+    search.SetTableSearch(u"NhanVien"_s);
+    test::whenModalShows([&](QWidget *form) {
+        EXPECT_EQ(form->parentWidget(), &owner);
+        EXPECT_EQ(combo(form, "CmbFld", 0)->ListCount(), 5);
+        fillRow(form, 0, 0, 1, u"Binh"_s);
+        test::click(form, "CmdOK");
+    }, 5000, "FrmFind");
+    search.Show(1, &owner);
+    EXPECT_EQ(search.Result(), "(Ten  =  'Binh')");
+    EXPECT_EQ(test::errorNumberOf([&] { search.SetActiveConnection(QSqlDatabase()); }), Error::TypeMismatch);
+}
+
 TEST_P(FrmFindTest, TheComponentStartsAfreshAndATableWithoutCatalogueOffersNothing)
 {
     clsSearch search;
