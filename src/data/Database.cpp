@@ -3,6 +3,7 @@
 
 #include "data/CaseBlindText.h"
 #include "data/Conversions.h"
+#include "data/Logging.h"
 
 #include <zolt/Error.h>
 
@@ -57,7 +58,7 @@ struct Dialect {
 bool standardConformingStrings(const QSqlDatabase &db)
 {
     QSqlQuery query(db);
-    return !query.exec(QStringLiteral("SHOW standard_conforming_strings")) || !query.next()
+    return !RunStatement(query, QStringLiteral("SHOW standard_conforming_strings")) || !query.next()
         || query.value(0).toString() != QLatin1String("off");
 }
 
@@ -194,8 +195,17 @@ void Execute(const QString &sql, const QSqlDatabase &db)
     if (!db.isOpen())
         throw Error(Error::DatabaseFailure, QStringLiteral("Operation is not allowed when the object is closed."));
     QSqlQuery query(db);
-    if (!query.exec(DriverSql(db, sql)))
+    if (!RunStatement(query, DriverSql(db, sql)))
         throw Error(Error::DatabaseFailure, query.lastError().text());
+}
+
+bool RunStatement(QSqlQuery &query, const QString &sql)
+{
+    qCDebug(zoltSql).noquote() << sql;
+    const bool ran = query.exec(sql);
+    if (!ran)
+        qCDebug(zoltSql).noquote() << "failed:" << query.lastError().text();
+    return ran;
 }
 
 } // namespace zolt

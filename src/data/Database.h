@@ -7,6 +7,7 @@
 #include <zolt/DriverSql.h>
 
 #include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QString>
 
 namespace zolt {
@@ -36,6 +37,11 @@ QString RewriteDateLiterals(const QString &sql);
 // True when text, put unescaped between apostrophes, would end the literal
 // early: it holds an apostrophe or a NUL. Such text never reaches the database.
 bool BreaksQuotedLiteral(const QString &text);
+
+// Runs a statement already in the engine's dialect on the query's connection;
+// the one place where the library's statements reach a driver (and the
+// category zolt.sql hears of them).
+bool RunStatement(QSqlQuery &query, const QString &sql);
 
 // Runs an INSERT, UPDATE or DELETE on db; a failure raises zolt::Error with
 // the database failure number and the driver's message.

@@ -35,7 +35,7 @@ qint32 Recordset::Open(const QString &sql, const QSqlDatabase &db)
         return Error::DatabaseFailure;
     }
     QSqlQuery query(db);
-    if (!query.exec(DriverSql(db, statementOf(sql)))) {
+    if (!RunStatement(query, DriverSql(db, statementOf(sql)))) {
         m_errorText = query.lastError().text();
         return Error::DatabaseFailure;
     }

@@ -51,7 +51,7 @@ QStringList statementsOf(const QString &script)
 void runNative(const QSqlDatabase &db, const QString &sql)
 {
     QSqlQuery query(db);
-    if (!query.exec(sql))
+    if (!RunStatement(query, sql))
         throw Error(Error::DatabaseFailure, query.lastError().text());
 }
 

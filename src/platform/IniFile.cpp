@@ -2,6 +2,7 @@
 #include "platform/IniFile.h"
 
 #include "data/Conversions.h"
+#include "data/Logging.h"
 #include "platform/StoreLock.h"
 
 #include <QDir>
@@ -211,7 +212,9 @@ bool WriteProfileString(const QString &sectionText, const QString &keyText, cons
     if (!out.open(QIODevice::WriteOnly))
         return false;
     out.write(fileBytes(*file));
-    return out.commit();
+    const bool written = out.commit();
+    qCDebug(zoltStore) << (written ? "written:" : "not written:") << path << section << key;
+    return written;
 }
 
 } // namespace zolt

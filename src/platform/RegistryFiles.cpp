@@ -2,6 +2,7 @@
 #include "platform/RegistryFiles.h"
 
 #include "data/Conversions.h"
+#include "data/Logging.h"
 #include "platform/StoreLock.h"
 
 #include <zolt/Enums.h>
@@ -111,8 +112,11 @@ bool writeValues(const QString &folder, const QList<NamedValue> &values)
         text += QByteArray::number(v.value.type) + '\t' + QUrl::toPercentEncoding(v.name) + '\t'
                 + v.value.data.toHex() + '\n';
     QSaveFile file(folder + QLatin1Char('/') + ValuesFile);
-    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit())
+    if (!file.open(QIODevice::WriteOnly) || file.write(text) != text.size() || !file.commit()) {
+        qCDebug(zoltStore) << "not written:" << file.fileName() << file.errorString();
         return false;
+    }
+    qCDebug(zoltStore) << "written:" << file.fileName() << values.size() << "values";
     // The rename itself must reach the disk before the write counts as done.
     const int dir = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY);
     if (dir >= 0) {

@@ -8,6 +8,7 @@
 
 #include <zolt/Error.h>
 
+#include <QLoggingCategory>
 #include <QSqlError>
 #include <QSqlQuery>
 
@@ -143,4 +144,24 @@ TEST_P(DatabaseTest, ClerkConditionsFollowOneRuleOnEveryEngine)
     db.exec(u"Insert Into Options Values('Config', 'AccentBlindSearch', '0', Null)"_s);
     EXPECT_EQ(found(u"(Ten  LIKE  'banh%')"_s), u"banh mì"_s);
     EXPECT_EQ(found(u"(Ten  =  'duong')"_s), u"Duong"_s);
+}
+
+// Off by default; switched on, zolt.sql tells every statement as the engine
+// received it.
+TEST_P(DatabaseTest, TheCategoryZoltSqlTellsEveryStatementAsTheEngineReceivedIt)
+{
+    static QStringList told;
+    told.clear();
+    const QtMessageHandler previous = qInstallMessageHandler([](QtMsgType, const QMessageLogContext &context, const QString &text) {
+        if (qstrcmp(context.category, "zolt.sql") == 0)
+            told << text;
+    });
+    const QString statement = u"Update Sales Set Note='z' Where [Name]='Trà'"_s;
+    Execute(statement);
+    QLoggingCategory::setFilterRules(u"zolt.sql.debug=true"_s);
+    Execute(statement);
+    QLoggingCategory::setFilterRules(QString());
+    Execute(statement);
+    qInstallMessageHandler(previous);
+    EXPECT_EQ(told, QStringList{DriverSql(db.db(), statement)});
 }

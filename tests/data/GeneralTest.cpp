@@ -68,7 +68,8 @@ TEST_P(GeneralTest, ADialogIsCentredOnItsOwnerOrTheScreenAndNeverLeavesIt)
     for (const auto &[parent, minimum] : cases) {
         QDialog dialog(parent);
         (new QVBoxLayout(&dialog))->addWidget(new QLineEdit(&dialog));
-        dialog.setMinimumSize(minimum);
+        if (minimum.isValid())
+            dialog.setMinimumSize(minimum);
         ApplyFormSettings(&dialog);
         const QRect around = parent ? owner.frameGeometry() : screen;
         // Before it shows, at the size its layout asks for.
