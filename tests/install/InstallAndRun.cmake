@@ -32,14 +32,9 @@ if(NOT EXISTS ${WORK}/guide/CMakeLists.txt OR NOT EXISTS ${WORK}/guide/main.cpp)
     message(FATAL_ERROR "the guide's walk-through has no CMakeLists.txt or main.cpp")
 endif()
 
-foreach(project ${HOST} ${WORK}/guide)
-    get_filename_component(name ${project} NAME)
-    foreach(step
-            "-S;${project};-B;${WORK}/build-${name};-G;Ninja;-DCMAKE_PREFIX_PATH=${WORK}/prefix;-DCMAKE_CXX_FLAGS=${FLAGS};-DCMAKE_EXE_LINKER_FLAGS=${FLAGS}"
-            "--build;${WORK}/build-${name}")
-        execute_process(COMMAND ${CMAKE_COMMAND} ${step} OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
-    endforeach()
-endforeach()
+include(${CMAKE_CURRENT_LIST_DIR}/BuildHost.cmake)
+build_host(${HOST} ${WORK}/build-install ${WORK}/prefix "${FLAGS}")
+build_host(${WORK}/guide ${WORK}/build-guide ${WORK}/prefix "${FLAGS}")
 execute_process(COMMAND ${WORK}/build-install/zolt-host COMMAND_ERROR_IS_FATAL ANY)
 set(ENV{QT_QPA_PLATFORM} offscreen)
 foreach(run 1 2)

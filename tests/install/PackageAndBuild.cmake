@@ -17,11 +17,8 @@ get_filename_component(pc_dir ${pc_file} DIRECTORY)
 get_filename_component(libdir ${pc_dir} DIRECTORY)
 
 # With CMake.
-foreach(step
-        "-S;${HOST};-B;${WORK}/cmake-host;-G;Ninja;-DCMAKE_PREFIX_PATH=${root};-DCMAKE_CXX_FLAGS=${FLAGS};-DCMAKE_EXE_LINKER_FLAGS=${FLAGS}"
-        "--build;${WORK}/cmake-host")
-    execute_process(COMMAND ${CMAKE_COMMAND} ${step} OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
-endforeach()
+include(${CMAKE_CURRENT_LIST_DIR}/BuildHost.cmake)
+build_host(${HOST} ${WORK}/cmake-host ${root} "${FLAGS}")
 
 # With pkg-config, the way a Makefile would.
 set(ENV{PKG_CONFIG_PATH} ${pc_dir})
