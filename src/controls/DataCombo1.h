@@ -17,6 +17,19 @@ namespace zolt {
 class DataCombo1 : public QFrame, public ItemDataList {
     Q_OBJECT
     Q_CLASSINFO("ProgId", "ZOLT.DataCombo1")
+    // The design-time property bag, as Qt Designer and .ui files set it
+    // (colours as 0x00BBGGRR numbers, system colours with the high bit); its
+    // Enabled and Font are the widget's own enabled and font there.
+    Q_PROPERTY(qint32 BackColor READ BackColor WRITE setBackColor)
+    Q_PROPERTY(qint32 ForeColor READ ForeColor WRITE setForeColor)
+    Q_PROPERTY(int BackStyle READ BackStyle WRITE setBackStyle)
+    Q_PROPERTY(int BorderStyle READ BorderStyle WRITE setBorderStyle)
+    Q_PROPERTY(bool Enabled READ Enabled WRITE SetEnabled DESIGNABLE false)
+    Q_PROPERTY(QFont Font READ Font WRITE SetFont DESIGNABLE false)
+    // What only running code sets.
+    Q_PROPERTY(int ListIndex READ ListIndex WRITE SetListIndex DESIGNABLE false)
+    Q_PROPERTY(QString Text READ Text WRITE SetText DESIGNABLE false)
+    Q_PROPERTY(QString Value READ Value WRITE SetValue DESIGNABLE false)
 
 public:
     explicit DataCombo1(QWidget *parent = nullptr);
@@ -34,6 +47,11 @@ public:
     void SetBackStyle(int style);
     int BorderStyle() const { return m_borderStyle; }
     void SetBorderStyle(int style);
+    // The setters by the names uic calls for the properties of a .ui form.
+    void setBackColor(qint32 color) { SetBackColor(color); }
+    void setForeColor(qint32 color) { SetForeColor(color); }
+    void setBackStyle(int style) { SetBackStyle(style); }
+    void setBorderStyle(int style) { SetBorderStyle(style); }
 
     int ListIndex() const override;
     void SetListIndex(int index) override;
