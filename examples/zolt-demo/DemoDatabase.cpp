@@ -27,6 +27,7 @@ const char *const SampleRows[] = {
     "ALTER TABLE Groups ADD COLUMN HeThong INTEGER DEFAULT 0",
     "INSERT INTO Groups VALUES (1, 'Quản trị hệ thống', 'Mọi quyền', 7, 7, 3, 7)",
     "INSERT INTO Groups VALUES (8, 'Nhân viên bán hàng', 'Bán hàng và xem danh mục', 1, 6, 0, 4)",
+    "INSERT INTO Options VALUES ('Config', 'PasswordStore', 'argon2id', 'Mật khẩu lưu bằng Argon2id')",
     "INSERT INTO Menu VALUES (1, 'Danh mục')",
     "INSERT INTO Menu VALUES (2, 'Chứng từ')",
     "INSERT INTO Menu VALUES (3, 'Báo cáo')",

@@ -64,8 +64,14 @@ void toVersion1(const QSqlDatabase &db)
         runNative(db, statement);
 }
 
+// The strong password store's column (Config/PasswordStore "argon2id").
+void toVersion2(const QSqlDatabase &)
+{
+    Execute(QStringLiteral("ALTER TABLE [User] ADD COLUMN PasswordHash TEXT"));
+}
+
 using Step = void (*)(const QSqlDatabase &);
-const Step Steps[SchemaVersion] = {toVersion1};
+const Step Steps[SchemaVersion] = {toVersion1, toVersion2};
 
 // Runs work in one transaction where the engine has them; a failure rolls back.
 template <typename Work>

@@ -6,6 +6,7 @@
 #include "data/KeyPreview.h"
 #include "data/MdGrid.h"
 #include "logon/MdlLogon.h"
+#include "logon/PasswordStore.h"
 #include "logon/QuoteGuard.h"
 #include "msgbox/MdlMsg.h"
 #include "search/MFind.h"
@@ -140,9 +141,15 @@ void FrmInput::ReadDict(QComboBox *Cmb, const QString &Tbl)
     Cmb->setCurrentIndex(index < Cmb->count() ? index : -1);
 }
 
-// Both boxes are compared upper-cased, and the password must have a digest.
+// Both boxes are compared upper-cased (as typed where passwords are
+// case-sensitive), and the password must have a digest (with the strong
+// store, any text but an empty one).
 bool FrmInput::passwordAccepted() const
 {
+    const PasswordPolicy policy = ReadPasswordPolicy();
+    if (policy.strong)
+        return !TxtPass->text().isEmpty()
+            && TxtPass->text().compare(txtConfirm->text(), policy.caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive) == 0;
     try {
         return UCase(TxtPass->text()) == UCase(txtConfirm->text()) && EncodePassword(TxtPass->text()) != 0;
     } catch (const Error &) {
@@ -150,9 +157,15 @@ bool FrmInput::passwordAccepted() const
     }
 }
 
-QString FrmInput::digest() const
+// The password's columns of [User] as a statement sets them: the digest, or
+// with the strong store NoDigest and the hash.
+QString FrmInput::passwordColumns() const
 {
-    return DoubleToText(EncodePassword(TxtPass->text()));
+    const PasswordPolicy policy = ReadPasswordPolicy();
+    if (!policy.strong)
+        return QStringLiteral("[Password]=") + DoubleToText(EncodePassword(TxtPass->text()));
+    return QStringLiteral("[Password]=") + DoubleToText(NoDigest) + QStringLiteral(",PasswordHash='")
+           + HashPassword(TxtPass->text(), policy) + u'\'';
 }
 
 void FrmInput::CMDOK_Click()
@@ -176,9 +189,19 @@ void FrmInput::addUser(const QString &name)
         return refuse(Exists, AddTitle);
     if (!passwordAccepted())
         return refuse(BadPassword, AddTitle);
+    if (ReadPasswordPolicy().strong) {
+        // Added, then given its password by the statement an edit uses.
+        Execute(QStringLiteral("Insert Into [User](Name,[Dec],IdGroup,[Password]) Values('") + name + QStringLiteral("','")
+                + TxtDes->text() + QStringLiteral("',") + QString::number(SelectedItemData(TxtIdGroup)) + QLatin1Char(',')
+                + DoubleToText(NoDigest) + QLatin1Char(')'));
+        Execute(QStringLiteral("UPDATE [User] Set ") + passwordColumns() + QStringLiteral(" Where [Name]='") + name
+                + QLatin1Char('\''));
+        return accept();
+    }
     Execute(QStringLiteral("Insert Into [User](Name,[Dec],IdGroup,[Password]) Values('") + name
             + QStringLiteral("','") + TxtDes->text() + QStringLiteral("',")
-            + QString::number(SelectedItemData(TxtIdGroup)) + QLatin1Char(',') + digest() + QLatin1Char(')'));
+            + QString::number(SelectedItemData(TxtIdGroup)) + QLatin1Char(',')
+            + DoubleToText(EncodePassword(TxtPass->text())) + QLatin1Char(')'));
     accept();
 }
 
@@ -196,7 +219,7 @@ void FrmInput::updateUser(const QString &name)
     QString sql = QStringLiteral("UPDATE [User] Set [Name]='") + name + QStringLiteral("',[Dec]='") + TxtDes->text()
                   + QStringLiteral("',IdGroup=") + QString::number(SelectedItemData(TxtIdGroup));
     if (m_passwordChanged)
-        sql += QStringLiteral(",[Password]=") + digest();
+        sql += u',' + passwordColumns();
     Execute(sql + QStringLiteral(" Where [Name]='") + old + QLatin1Char('\''));
     accept();
 }

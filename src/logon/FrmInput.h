@@ -32,7 +32,7 @@ public:
 private:
     void ReadDict(QComboBox *Cmb, const QString &Tbl);
     bool passwordAccepted() const;
-    QString digest() const;
+    QString passwordColumns() const;
     void CMDOK_Click();
     void addUser(const QString &name);
     void updateUser(const QString &name);

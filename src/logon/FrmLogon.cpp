@@ -5,6 +5,7 @@
 #include "data/General.h"
 #include "data/KeyPreview.h"
 #include "logon/MdlLogon.h"
+#include "logon/PasswordStore.h"
 #include "logon/QuoteGuard.h"
 #include "msgbox/MdlMsg.h"
 #include "search/MFind.h"
@@ -88,6 +89,12 @@ void FrmLogon::CmdOk_Click()
         // A quote in the name would end its literal: such a name is refused
         // before the database sees it, as a statement that failed would be.
         CheckQuotable(user);
+        if (const PasswordPolicy policy = ReadPasswordPolicy(); policy.strong) {
+            UserCode = StrongLogon(user, Trim(TxtPass->text()), policy);
+            if (UserCode == 0)
+                return refuse(NotFound, 0);
+            return accept();
+        }
         const QString sql = QStringLiteral("SELECT  *  FROM [User] WHERE ([Name]='") + user
                             + QStringLiteral("') And ( [Password]=")
                             + DoubleToText(EncodePassword(Trim(TxtPass->text()))) + QLatin1Char(')');

@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: MIT
+#include "logon/PasswordStore.h"
+
+#include "data/Conversions.h"
+#include "data/Database.h"
+#include "data/Options.h"
+#include "data/Recordset.h"
+#include "logon/MdlLogon.h"
+
+#include <zolt/Error.h>
+
+#include <sodium.h>
+
+namespace zolt {
+
+namespace {
+
+QByteArray secretOf(const QString &password, const PasswordPolicy &policy)
+{
+    return (policy.caseSensitive ? password : UCase(password)).toUtf8();
+}
+
+bool verify(const QString &hash, const QString &password, const PasswordPolicy &policy)
+{
+    const QByteArray stored = hash.toLatin1();
+    const QByteArray secret = secretOf(password, policy);
+    return crypto_pwhash_str_verify(stored.constData(), secret.constData(), quint64(secret.size())) == 0;
+}
+
+// A hash that no typed password opens, verified for a name that has none, so
+// that an unknown name takes as long as a wrong password.
+const QString &dummyHash()
+{
+    static const QString hash = [] {
+        unsigned char random[32];
+        randombytes_buf(random, sizeof random);
+        return HashPassword(QString::fromLatin1(QByteArray(reinterpret_cast<const char *>(random), sizeof random).toHex()),
+                            PasswordPolicy{true, true});
+    }();
+    return hash;
+}
+
+bool legacyDigestOpens(double digest, const QString &password)
+{
+    try {
+        return digest == EncodePassword(password);
+    } catch (const Error &) {
+        return false;   // too long to have a digest
+    }
+}
+
+// Stores the hash, and NoDigest in place of the digest, only while the row
+// still holds what was read: one statement, so a failure leaves it whole.
+void storeHash(qint32 code, const QString &readDigest, const QString &hash)
+{
+    Execute(QStringLiteral("UPDATE [User] Set [Password]=") + DoubleToText(NoDigest) + QStringLiteral(",PasswordHash='")
+            + hash + QStringLiteral("' Where Code=") + QString::number(code) + QStringLiteral(" And [Password]=")
+            + readDigest);
+}
+
+} // namespace
+
+PasswordPolicy ReadPasswordPolicy()
+{
+    PasswordPolicy policy;
+    policy.strong = ReadOption(QStringLiteral("Config"), QStringLiteral("PasswordStore"), QStringLiteral("legacy"))
+                        .compare(QLatin1String("argon2id"), Qt::CaseInsensitive) == 0;
+    policy.caseSensitive = ReadOption(QStringLiteral("Config"), QStringLiteral("PasswordCaseSensitive"), QString()) == u'1';
+    return policy;
+}
+
+QString HashPassword(const QString &password, const PasswordPolicy &policy)
+{
+    if (sodium_init() < 0)
+        throw Error(7, QStringLiteral("libsodium could not start"));
+    const QByteArray secret = secretOf(password, policy);
+    char hash[crypto_pwhash_STRBYTES];
+    if (crypto_pwhash_str(hash, secret.constData(), quint64(secret.size()), crypto_pwhash_OPSLIMIT_INTERACTIVE,
+                          crypto_pwhash_MEMLIMIT_INTERACTIVE) != 0)
+        throw Error(7, QStringLiteral("Out of memory"));
+    return QString::fromLatin1(hash);
+}
+
+qint32 StrongLogon(const QString &name, const QString &password, const PasswordPolicy &policy)
+{
+    Recordset rs;
+    if (rs.Open(QStringLiteral("SELECT Code,[Password],PasswordHash FROM [User] WHERE [Name]='") + name
+                + QLatin1Char('\'')) != 0)
+        throw Error(Error::DatabaseFailure, rs.LastErrorText());
+    const bool found = !rs.Eof();
+    const QString hash = found ? NullToStr(rs.Value(2)) : QString();
+    if (hash.isEmpty()) {
+        // No hash yet: the legacy digest opens the account once, and the hash takes its place.
+        verify(dummyHash(), password, policy);
+        const double digest = found ? rs.Value(1).toDouble() : NoDigest;
+        if (digest == NoDigest || !legacyDigestOpens(digest, password))
+            return 0;
+        const qint32 code = RoundToLong(ToDouble(rs.Value(0)));
+        storeHash(code, DoubleToText(digest), HashPassword(password, policy));
+        return code;
+    }
+    if (!verify(hash, password, policy))
+        return 0;
+    const qint32 code = RoundToLong(ToDouble(rs.Value(0)));
+    if (crypto_pwhash_str_needs_rehash(hash.toLatin1().constData(), crypto_pwhash_OPSLIMIT_INTERACTIVE,
+                                       crypto_pwhash_MEMLIMIT_INTERACTIVE) != 0)
+        Execute(QStringLiteral("UPDATE [User] Set PasswordHash='") + HashPassword(password, policy)
+                + QStringLiteral("' Where Code=") + QString::number(code));
+    return code;
+}
+
+} // namespace zolt
