@@ -13,7 +13,7 @@ namespace zolt {
 
 // The version of the library's tables that this library writes; the version
 // a database holds is kept in Options under Config / SchemaVersion.
-inline constexpr qint32 SchemaVersion = 2;
+inline constexpr qint32 SchemaVersion = 3;
 
 // The version of the library's tables on db; 0 when they are missing or
 // older than recorded versions.

@@ -190,13 +190,14 @@ bool BreaksQuotedLiteral(const QString &text)
     return text.contains(u'\'') || text.contains(QChar(0));
 }
 
-void Execute(const QString &sql, const QSqlDatabase &db)
+qint64 Execute(const QString &sql, const QSqlDatabase &db)
 {
     if (!db.isOpen())
         throw Error(Error::DatabaseFailure, QStringLiteral("Operation is not allowed when the object is closed."));
     QSqlQuery query(db);
     if (!RunStatement(query, DriverSql(db, sql)))
         throw Error(Error::DatabaseFailure, query.lastError().text());
+    return query.numRowsAffected();
 }
 
 bool RunStatement(QSqlQuery &query, const QString &sql)

@@ -43,8 +43,9 @@ bool BreaksQuotedLiteral(const QString &text);
 // category zolt.sql hears of them).
 bool RunStatement(QSqlQuery &query, const QString &sql);
 
-// Runs an INSERT, UPDATE or DELETE on db; a failure raises zolt::Error with
-// the database failure number and the driver's message.
-void Execute(const QString &sql, const QSqlDatabase &db = CurrentConnection());
+// Runs an INSERT, UPDATE or DELETE on db and returns the number of rows it
+// touched; a failure raises zolt::Error with the database failure number and
+// the driver's message.
+qint64 Execute(const QString &sql, const QSqlDatabase &db = CurrentConnection());
 
 } // namespace zolt

@@ -70,8 +70,18 @@ void toVersion2(const QSqlDatabase &)
     Execute(QStringLiteral("ALTER TABLE [User] ADD COLUMN PasswordHash TEXT"));
 }
 
+// The count of refused logons per name and the record of logons.
+void toVersion3(const QSqlDatabase &db)
+{
+    const QString text = db.driver()->dbmsType() == QSqlDriver::PostgreSQL ? QStringLiteral("CITEXT")
+                                                                          : QStringLiteral("TEXT COLLATE NOCASE");
+    Execute(QStringLiteral("CREATE TABLE LogonFailures ([Name] %1 PRIMARY KEY, Refusals INTEGER, WaitUntil BIGINT)").arg(text));
+    Execute(QStringLiteral("CREATE TABLE LogonLog (At %1, [Name] %1, Desk %1, Result %1)").arg(text));
+    Execute(QStringLiteral("CREATE INDEX LogonLogAt ON LogonLog (At)"));
+}
+
 using Step = void (*)(const QSqlDatabase &);
-const Step Steps[SchemaVersion] = {toVersion1, toVersion2};
+const Step Steps[SchemaVersion] = {toVersion1, toVersion2, toVersion3};
 
 // Runs work in one transaction where the engine has them; a failure rolls back.
 template <typename Work>

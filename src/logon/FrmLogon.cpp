@@ -5,6 +5,7 @@
 #include "data/General.h"
 #include "data/KeyPreview.h"
 #include "logon/MdlLogon.h"
+#include "logon/LogonGuard.h"
 #include "logon/PasswordStore.h"
 #include "logon/QuoteGuard.h"
 #include "msgbox/MdlMsg.h"
@@ -85,31 +86,48 @@ FrmLogon::~FrmLogon() = default;
 void FrmLogon::CmdOk_Click()
 {
     const QString user = Trim(Txtuser->text());
+    const LogonLimits limits = ReadLogonLimits();
     try {
         // A quote in the name would end its literal: such a name is refused
         // before the database sees it, as a statement that failed would be.
         CheckQuotable(user);
-        if (const PasswordPolicy policy = ReadPasswordPolicy(); policy.strong) {
-            UserCode = StrongLogon(user, Trim(TxtPass->text()), policy);
-            if (UserCode == 0)
-                return refuse(NotFound, 0);
-            return accept();
+        if (const qint64 wait = SecondsToWait(user, limits); wait > 0) {
+            RecordLogon(user, QStringLiteral("waiting"), limits);
+            return refuse(WaitMessage(wait), 0);
         }
-        const QString sql = QStringLiteral("SELECT  *  FROM [User] WHERE ([Name]='") + user
-                            + QStringLiteral("') And ( [Password]=")
-                            + DoubleToText(EncodePassword(Trim(TxtPass->text()))) + QLatin1Char(')');
-        Recordset rs;
-        if (OpenQuery(rs, sql) != 0)
-            throw Error(Error::DatabaseFailure, rs.LastErrorText());
-        if (!HasRows(rs)) {
-            refuse(NotFound, 0);
-            return;
+        const PasswordPolicy policy = ReadPasswordPolicy();
+        const QString password = Trim(TxtPass->text());
+        UserCode = policy.strong ? StrongLogon(user, password, policy) : legacyLogon(user, password);
+        if (UserCode == 0) {
+            CountRefusal(user, limits);
+            RecordLogon(user, QStringLiteral("refused"), limits);
+            return refuse(NotFound, 0);
         }
-        UserCode = RoundToLong(ToDouble(rs.Value(0)));
+        if (limits.attempts > 0)
+            ClearRefusals(user);
+        RecordLogon(user, QStringLiteral("accepted"), limits);
         accept();
     } catch (const Error &) {
+        UserCode = 0;
+        try {
+            RecordLogon(user, QStringLiteral("failure"), limits);
+        } catch (const Error &) {
+            // the database that failed the logon may fail its record too
+        }
         refuse(Failed, 1);
     }
+}
+
+// The original logon: the name and the digest of the password looked up together.
+qint32 FrmLogon::legacyLogon(const QString &user, const QString &password)
+{
+    const QString sql = QStringLiteral("SELECT  *  FROM [User] WHERE ([Name]='") + user
+                        + QStringLiteral("') And ( [Password]=") + DoubleToText(EncodePassword(password))
+                        + QLatin1Char(')');
+    Recordset rs;
+    if (OpenQuery(rs, sql) != 0)
+        throw Error(Error::DatabaseFailure, rs.LastErrorText());
+    return HasRows(rs) ? RoundToLong(ToDouble(rs.Value(0))) : 0;
 }
 
 // Tells the user and selects the name for another try.

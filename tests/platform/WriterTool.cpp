@@ -8,8 +8,11 @@
 //   writer_tool desk SOCKET SCHEMA PREFIX COUNT
 //                                          a desk on the suite's PostgreSQL server:
 //                                          options and users PREFIX0.. in SCHEMA
+//   writer_tool refuse SOCKET SCHEMA NAME COUNT
+//                                          a desk refusing NAME's logon COUNT times
 #include "data/Database.h"
 #include "data/Options.h"
+#include "logon/LogonGuard.h"
 #include "platform/IniFile.h"
 #include "platform/Registry.h"
 #include "servers/TestServer.h"
@@ -32,12 +35,17 @@ int main(int argc, char **argv)
                                            QStringLiteral("db"), QStringLiteral("srv"), QStringLiteral("SQL Server"));
         return 0;
     }
-    if (command == QLatin1String("desk")) {
+    if (command == QLatin1String("desk") || command == QLatin1String("refuse")) {
         QSqlDatabase db = zolt::test::addServerDatabase(QStringLiteral("QPSQL"), QStringLiteral("desk"), args.value(2));
         if (!db.open())
             return 1;
         zolt::SetCurrentConnection(db);
         zolt::Execute(QStringLiteral("SET search_path TO %1, public").arg(args.value(3)));
+        if (command == QLatin1String("refuse")) {
+            for (int i = 0; i < args.value(5).toInt(); ++i)
+                zolt::CountRefusal(args.value(4), zolt::LogonLimits{5, 30, 900, 0});
+            return 0;
+        }
         for (int i = 0; i < args.value(5).toInt(); ++i) {
             const QString name = args.value(4) + QString::number(i);
             zolt::SaveOption(QStringLiteral("Kho"), name, QStringLiteral("giá trị ") + name, QString(), 0);
