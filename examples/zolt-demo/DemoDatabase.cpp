@@ -28,6 +28,8 @@ const char *const SampleRows[] = {
     "INSERT INTO Groups VALUES (1, 'Quản trị hệ thống', 'Mọi quyền', 7, 7, 3, 7)",
     "INSERT INTO Groups VALUES (8, 'Nhân viên bán hàng', 'Bán hàng và xem danh mục', 1, 6, 0, 4)",
     "INSERT INTO Options VALUES ('Config', 'PasswordStore', 'argon2id', 'Mật khẩu lưu bằng Argon2id')",
+    "INSERT INTO Options VALUES ('Config', 'LogonAttempts', '5', 'Sai quá 5 lần thì phải chờ')",
+    "INSERT INTO Options VALUES ('Config', 'LogonLogDays', '30', 'Giữ nhật ký đăng nhập 30 ngày')",
     "INSERT INTO Menu VALUES (1, 'Danh mục')",
     "INSERT INTO Menu VALUES (2, 'Chứng từ')",
     "INSERT INTO Menu VALUES (3, 'Báo cáo')",

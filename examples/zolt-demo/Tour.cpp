@@ -38,6 +38,15 @@ Tour::Tour(const QString &folder)
         {QStringLiteral("FrmLogon"), QString(), logOn(QStringLiteral("admin"), QStringLiteral("sai"))},
         {QStringLiteral("FrmLogon"), QStringLiteral("01-logon"), click("CmdOk")},
         {QStringLiteral("MessageBox"), QStringLiteral("02-logon-refused"), click("Cmd1")},
+    };
+    // A name refused five times waits before its sixth try.
+    for (int attempt = 1; attempt <= 6; ++attempt) {
+        m_steps.append({QStringLiteral("FrmLogon"), QString(), logOn(QStringLiteral("khach"), QStringLiteral("sai"))});
+        m_steps.append({QStringLiteral("FrmLogon"), QString(), click("CmdOk")});
+        m_steps.append({QStringLiteral("MessageBox"), attempt == 6 ? QStringLiteral("02-logon-waiting") : QString(),
+                        click("Cmd1")});
+    }
+    m_steps += {
         {QStringLiteral("FrmLogon"), QString(), logOn(QStringLiteral("admin"), QStringLiteral("admin"))},
         {QStringLiteral("FrmLogon"), QStringLiteral("03-logon-accepted"), click("CmdOk")},
         {QStringLiteral("MainWindow"), QStringLiteral("04-main-window"), [](QWidget *main) {
