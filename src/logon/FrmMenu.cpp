@@ -6,6 +6,7 @@
 #include "data/General.h"
 #include "data/Options.h"
 #include "logon/FrmInput.h"
+#include "logon/LogonGuard.h"
 #include "logon/QuoteGuard.h"
 #include "msgbox/MdlMsg.h"
 #include "search/MFind.h"
@@ -13,9 +14,11 @@
 #include <zolt/Error.h>
 
 #include <QAbstractTableModel>
+#include <QDateTime>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QSet>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -42,7 +45,21 @@ public:
             return m_rows[index.row()][index.column()];
         if (role == Qt::DecorationRole && index.column() == NameColumn)
             return ic1;
+        // A user whose name waits after too many refused logons stands out.
+        const bool waiting = m_waiting.contains(m_rows[index.row()][NameColumn].toCaseFolded());
+        if (waiting && role == Qt::ForegroundRole)
+            return QColor(Qt::darkRed);
+        if (waiting && role == Qt::ToolTipRole)
+            return QStringLiteral("Đang phải chờ vì đăng nhập sai quá số lần cho phép");
         return {};
+    }
+
+    // The names, case folded, that wait before their next logon.
+    void setWaiting(const QSet<QString> &names)
+    {
+        m_waiting = names;
+        if (!m_rows.isEmpty())
+            emit dataChanged(index(0, 0), index(int(m_rows.size()) - 1, ColumnCount - 1));
     }
 
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override
@@ -77,6 +94,7 @@ public:
 
 private:
     QList<Row> m_rows;
+    QSet<QString> m_waiting;
 };
 
 namespace {
@@ -106,8 +124,12 @@ FrmMenu::FrmMenu(QWidget *parent)
     CmdEdit = Named(new QPushButton(QStringLiteral("&Sửa"), this), "CmdEdit");
     CmdDel = Named(new QPushButton(QStringLiteral("&Xoá"), this), "CmdDel");
     CmdExit = Named(new QPushButton(QStringLiteral("T&hoát"), this), "CmdExit");
+    // With logon limits on, an administrator releases a waiting user.
+    m_limits = ReadLogonLimits();
+    CmdRelease = Named(new QPushButton(QStringLiteral("&Mở khoá"), this), "CmdRelease");
+    CmdRelease->setVisible(m_limits.attempts > 0);
 
-    auto *buttons = ButtonRow({CmdAdd, CmdEdit, CmdDel, CmdExit});
+    auto *buttons = ButtonRow({CmdAdd, CmdEdit, CmdDel, CmdRelease, CmdExit});
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(12, 12, 12, 12);
     layout->setSpacing(12);
@@ -119,6 +141,7 @@ FrmMenu::FrmMenu(QWidget *parent)
     connect(CmdEdit, &QPushButton::clicked, this, &FrmMenu::CmdEdit_Click);
     connect(Lv, &QTreeView::doubleClicked, this, &FrmMenu::CmdEdit_Click);
     connect(CmdDel, &QPushButton::clicked, this, &FrmMenu::CmdDel_Click);
+    connect(CmdRelease, &QPushButton::clicked, this, &FrmMenu::CmdRelease_Click);
     connect(CmdExit, &QPushButton::clicked, this, &QDialog::accept);
 
     ApplyFormSettings(this);
@@ -128,6 +151,35 @@ FrmMenu::FrmMenu(QWidget *parent)
     Lv->setColumnWidth(UserRows::DescriptionColumn, RoundToLong(w * 2.9));
     Lv->setColumnWidth(UserRows::CodeColumn, w);
     ReadInfo(QStringLiteral("Select Code,Name,Dec from [user] Order by Code"));
+    showWaiting();
+}
+
+void FrmMenu::showWaiting()
+{
+    if (m_limits.attempts <= 0)
+        return;
+    QSet<QString> waiting;
+    Recordset rs;
+    if (OpenQuery(rs, QStringLiteral("Select [Name] From LogonFailures Where WaitUntil > ")
+                          + QString::number(QDateTime::currentSecsSinceEpoch())) == 0) {
+        for (; !rs.Eof(); rs.MoveNext())
+            waiting.insert(NullToStr(rs.Value(0)).toCaseFolded());
+    }
+    m_users->setWaiting(waiting);
+}
+
+// The selected user may log on again at once.
+void FrmMenu::CmdRelease_Click()
+{
+    const int row = selectedRow();
+    if (row < 0)
+        return;
+    try {
+        ClearRefusals(m_users->at(row)[UserRows::NameColumn]);
+        showWaiting();
+    } catch (const Error &e) {
+        ShowMgBox(e.description(), 0, Notice, 0, false);
+    }
 }
 
 FrmMenu::~FrmMenu() = default;

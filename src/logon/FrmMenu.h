@@ -4,6 +4,8 @@
 // The user list: every user of table [User], with buttons to add, edit and
 // delete users through the user editor.
 
+#include "logon/LogonGuard.h"
+
 #include <QDialog>
 
 class QPushButton;
@@ -28,6 +30,8 @@ private:
     void CmdAdd_Click();
     void CmdEdit_Click();
     void CmdDel_Click();
+    void CmdRelease_Click();
+    void showWaiting();
 
     UserRows *m_users;
     QTreeView *Lv;
@@ -35,6 +39,8 @@ private:
     QPushButton *CmdEdit;
     QPushButton *CmdDel;
     QPushButton *CmdExit;
+    QPushButton *CmdRelease;
+    LogonLimits m_limits;
 };
 
 } // namespace zolt

@@ -11,7 +11,9 @@
 #include <zolt/Schema.h>
 #include <zolt/clsLogon.h>
 
+#include <QColor>
 #include <QLineEdit>
+#include <QTreeView>
 
 using namespace zolt;
 using namespace Qt::StringLiterals;
@@ -61,7 +63,16 @@ TEST_P(LogonGuardTest, ANameRefusedTooOftenWaitsUntilALogonOrAnAdministratorClea
         EXPECT_TRUE(waiting.startsWith(u"Đã nhập sai quá số lần cho phép. Hãy chờ "_s) && waiting.contains(u"phút"_s))
             << waiting.toStdString();
     }
-    ClearRefusals(u"ADMIN"_s);   // the administrator releases the name, as the logon compares it
+    // The administrator sees who waits in the user list and releases him.
+    test::whenModalShows([](QWidget *users) {
+        auto *list = child<QTreeView>(users, "Lv");
+        list->setCurrentIndex(list->model()->index(0, 0));   // admin, the first user
+        EXPECT_EQ(list->model()->index(0, 0).data(Qt::ForegroundRole).value<QColor>(), QColor(Qt::darkRed));
+        test::click(users, "CmdRelease");
+        EXPECT_FALSE(list->model()->index(0, 0).data(Qt::ForegroundRole).isValid());
+        test::click(users, "CmdExit");
+    });
+    clsLogon().UserManager(db.db());
     EXPECT_EQ(logon(u"admin"_s, u"sai"_s), Refused);
     EXPECT_EQ(logon(u"admin"_s, u"admin"_s), "");   // and a logon clears the count
     EXPECT_EQ(db.scalar(u"Select Count(*) From LogonFailures Where [Name]='admin'"_s).toInt(), 0);
