@@ -2,6 +2,7 @@
 #include "MainWindow.h"
 
 #include "ElidedLabel.h"
+#include "Mnemonics.h"
 
 #include "Pictures.h"
 
@@ -81,54 +82,6 @@ public:
         return QDate::fromString(value.toString(), Qt::ISODate).toString(QStringLiteral("dd/MM/yyyy"));
     }
 };
-
-// A letter as the menus match typed letters: case and marks aside ("Đ" is "d").
-QChar bareLetter(QChar letter)
-{
-    if (letter == u'Đ' || letter == u'đ')
-        return u'd';
-    return QString(letter).normalized(QString::NormalizationForm_D).front().toLower();
-}
-
-QChar mnemonicOf(const QString &caption)
-{
-    for (qsizetype i = 0; i + 1 < caption.size(); ++i) {
-        if (caption.at(i) == u'&')
-            return caption.at(i + 1) == u'&' ? (++i, QChar()) : bareLetter(caption.at(i + 1));
-    }
-    return {};
-}
-
-// Captions read from the database (Menu, SubMenu) come without mnemonics:
-// each item gets the first letter of one of its words, else any letter of
-// it, that no other item of the menu has.
-void GiveMnemonics(QWidget *menu)
-{
-    QList<QChar> taken;
-    for (const QAction *action : menu->actions())
-        taken << mnemonicOf(action->text());
-    for (QAction *action : menu->actions()) {
-        const QString caption = action->text();
-        if (action->isSeparator() || !mnemonicOf(caption).isNull())
-            continue;
-        QList<qsizetype> candidates;
-        for (qsizetype i = 0; i < caption.size(); ++i) {
-            if (caption.at(i).isLetter() && (i == 0 || caption.at(i - 1).isSpace()))
-                candidates << i;
-        }
-        for (qsizetype i = 0; i < caption.size(); ++i) {
-            if (caption.at(i).isLetter())
-                candidates << i;
-        }
-        for (qsizetype at : candidates) {
-            if (!taken.contains(bareLetter(caption.at(at)))) {
-                taken << bareLetter(caption.at(at));
-                action->setText(caption.left(at) + u'&' + caption.mid(at));
-                break;
-            }
-        }
-    }
-}
 
 QVariant scalar(const QSqlDatabase &db, const QString &sql, const QVariant &bound)
 {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "Tour.h"
 
+#include "Mnemonics.h"
+
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
@@ -203,14 +205,12 @@ void Tour::checkMnemonics(QWidget *window)
     for (QMenu *menu : window->findChildren<QMenu *>())
         menus << menu;
     for (const QWidget *menu : std::as_const(menus)) {
-        QStringList letters;
+        QList<QChar> letters;
         for (const QAction *action : menu->actions()) {
-            const qsizetype at = action->text().indexOf(u'&');
-            const QString letter = at < 0 ? QString() : action->text().mid(at + 1, 1)
-                .normalized(QString::NormalizationForm_D).left(1).toLower().replace(u'đ', u'd');
             if (action->isSeparator())
                 continue;
-            if (letter.isEmpty() || letters.contains(letter)) {
+            const QChar letter = MnemonicKey(action->text());
+            if (letter.isNull() || letters.contains(letter)) {
                 std::fprintf(stderr, "tour: the menu item %s has no mnemonic of its own\n", qPrintable(action->text()));
                 QApplication::exit(1);
             }

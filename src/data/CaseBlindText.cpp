@@ -227,14 +227,4 @@ void RegisterCaseBlindText(const QSqlDatabase &db)
     sqlite3_create_collation(connection, "ZOLT_BARE", SQLITE_UTF8, nullptr, compareBare);
 }
 
-bool TextLike(QStringView pattern, QStringView text, bool accentBlind, QChar escape)
-{
-    const char16_t *fold = accentBlind ? BareFold() : CaseFold();
-    if (accentBlind)
-        return like(walk(pattern, fold), walk(text, fold), escape.unicode());
-    const QString p = pattern.toString().normalized(QString::NormalizationForm_C);
-    const QString t = text.toString().normalized(QString::NormalizationForm_C);
-    return like(walk(p, fold), walk(t, fold), escape.unicode());
-}
-
 } // namespace zolt

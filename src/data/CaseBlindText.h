@@ -8,7 +8,6 @@
 // schema; an SQLite connection needs the comparisons registered on its handle.
 
 #include <QSqlDatabase>
-#include <QStringView>
 
 namespace zolt {
 
@@ -19,10 +18,5 @@ namespace zolt {
 // ZOLT_BARE. Decomposed text compares as if composed. Other connections are
 // left alone.
 void RegisterCaseBlindText(const QSqlDatabase &db);
-
-// LIKE without regard to case, and with accentBlind also to diacritics: "%"
-// any run of characters, "_" any one, the escape character (when not null)
-// makes the next one plain.
-bool TextLike(QStringView pattern, QStringView text, bool accentBlind, QChar escape = QChar());
 
 } // namespace zolt

@@ -146,10 +146,9 @@ void FrmInput::ReadDict(QComboBox *Cmb, const QString &Tbl)
 // store, any text but an empty one).
 bool FrmInput::passwordAccepted() const
 {
-    const PasswordPolicy policy = ReadPasswordPolicy();
-    if (policy.strong)
+    if (m_policy.strong)
         return !TxtPass->text().isEmpty()
-            && TxtPass->text().compare(txtConfirm->text(), policy.caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive) == 0;
+            && TxtPass->text().compare(txtConfirm->text(), m_policy.caseSensitive ? Qt::CaseSensitive : Qt::CaseInsensitive) == 0;
     try {
         return UCase(TxtPass->text()) == UCase(txtConfirm->text()) && EncodePassword(TxtPass->text()) != 0;
     } catch (const Error &) {
@@ -161,11 +160,10 @@ bool FrmInput::passwordAccepted() const
 // with the strong store NoDigest and the hash.
 QString FrmInput::passwordColumns() const
 {
-    const PasswordPolicy policy = ReadPasswordPolicy();
-    if (!policy.strong)
+    if (!m_policy.strong)
         return QStringLiteral("[Password]=") + DoubleToText(EncodePassword(TxtPass->text()));
     return QStringLiteral("[Password]=") + DoubleToText(NoDigest) + QStringLiteral(",PasswordHash='")
-           + HashPassword(TxtPass->text(), policy) + u'\'';
+           + HashPassword(TxtPass->text(), m_policy) + u'\'';
 }
 
 void FrmInput::CMDOK_Click()
@@ -173,6 +171,7 @@ void FrmInput::CMDOK_Click()
     const QString title = EditMode ? UpdateTitle : AddTitle;
     if (RefuseQuote(Txtuser, title) || RefuseQuote(TxtDes, title))
         return;
+    m_policy = ReadPasswordPolicy();
     try {
         if (EditMode)
             updateUser(Txtuser->text());
@@ -189,7 +188,7 @@ void FrmInput::addUser(const QString &name)
         return refuse(Exists, AddTitle);
     if (!passwordAccepted())
         return refuse(BadPassword, AddTitle);
-    if (ReadPasswordPolicy().strong) {
+    if (m_policy.strong) {
         // Added, then given its password by the statement an edit uses.
         Execute(QStringLiteral("Insert Into [User](Name,[Dec],IdGroup,[Password]) Values('") + name + QStringLiteral("','")
                 + TxtDes->text() + QStringLiteral("',") + QString::number(SelectedItemData(TxtIdGroup)) + QLatin1Char(',')

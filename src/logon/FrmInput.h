@@ -4,6 +4,8 @@
 // The user editor: adds a user to table [User], or edits one; a user who
 // opens his own record may change only his password.
 
+#include "logon/PasswordStore.h"
+
 #include <QDialog>
 
 class QComboBox;
@@ -39,6 +41,7 @@ private:
     void refuse(const QString &message, const QString &title);
 
     bool m_passwordChanged = false;
+    PasswordPolicy m_policy;   // read when OK is pressed
     QLabel *Label1;
     QLineEdit *Txtuser;
     QLabel *Label2;

@@ -196,13 +196,12 @@ QString FrmFind::shownValue(int Index) const
     const qint32 type = fieldType(Index);
     if (type != UncheckedNumberType && type != NumberType && type != NumberType13)
         return typed;
-    const QString sql = NumberLiteral(CmbPredicate[Index]->Value(), typed);
-    if (sql.isEmpty())
+    auto numbers = TypedNumbers(CmbPredicate[Index]->Value(), typed);
+    if (!numbers)
         return typed;
-    QStringList numbers = sql.startsWith(u'(') ? sql.mid(1, sql.size() - 2).split(u',') : QStringList{sql};
-    for (QString &number : numbers)
+    for (QString &number : *numbers)
         number = Tesmir().CvNStr(QString(number).replace(u'.', u','));
-    return numbers.join(QStringLiteral(", "));
+    return numbers->join(QStringLiteral(", "));
 }
 
 // The words always quote the value, whatever its type.
@@ -245,7 +244,7 @@ QString FrmFind::rowProblem(int Index) const
     const QString row = QStringLiteral("Dòng %1, %2: «%3» ").arg(Index + 1).arg(CmbFld[Index]->Text(), typed);
     switch (fieldType(Index)) {
     case UncheckedNumberType: case NumberType: case NumberType13:
-        if (!NumberLiteral(CmbPredicate[Index]->Value(), typed).isEmpty())
+        if (TypedNumbers(CmbPredicate[Index]->Value(), typed))
             return QString();
         return row + QStringLiteral("không phải là số. Số viết như trên màn hình: dấu chấm ngăn hàng nghìn, "
                                     "dấu phẩy trước phần lẻ (ví dụ 1.234.567,5)%1.")
@@ -299,7 +298,7 @@ bool FrmFind::CheckSql(int Index) const
     const QString value = MskValue[Index]->text();
     const qint32 type = fieldType(Index);
     return !value.isEmpty() && CmbFld[Index]->ListIndex() >= 0 && CmbPredicate[Index]->ListIndex() >= 0
-           && !(NumberLiteral(CmbPredicate[Index]->Value(), value).isEmpty() && (type == NumberType || type == NumberType13))
+           && !(!TypedNumbers(CmbPredicate[Index]->Value(), value) && (type == NumberType || type == NumberType13))
            && !(!IsDate(value) && type == DateType) && CmbFld[Index]->Enabled();
 }
 

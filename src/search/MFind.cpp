@@ -49,17 +49,15 @@ QString twoDigits(const QString &part)
 
 } // namespace
 
-QString NumberLiteral(const QString &predicate, const QString &value)
+std::optional<QStringList> TypedNumbers(const QString &predicate, const QString &value)
 {
-    if (UCase(predicate) != QLatin1String("IN"))
-        return shownNumberSql(value);
-    QStringList items = value.split(QLatin1Char(','));
+    QStringList items = UCase(predicate) == QLatin1String("IN") ? value.split(QLatin1Char(',')) : QStringList{value};
     for (QString &item : items) {
         item = shownNumberSql(item);
         if (item.isEmpty())
-            return QString();
+            return std::nullopt;
     }
-    return QLatin1Char('(') + items.join(QLatin1Char(',')) + QLatin1Char(')');
+    return items;
 }
 
 qint32 OpenQuery(Recordset &rs, const QString &sql)
@@ -137,7 +135,10 @@ QString FormatValue(int type, const QString &predicate, const QString &value)
     const QString op = UCase(predicate);
     switch (type) {
     case UncheckedNumberType: case NumberType: case NumberType13:
-        return NumberLiteral(op, value);
+        if (const auto numbers = TypedNumbers(op, value))
+            return op == QLatin1String("IN") ? QLatin1Char('(') + numbers->join(QLatin1Char(',')) + QLatin1Char(')')
+                                             : numbers->front();
+        return QString();
     case DateType:
         return QLatin1Char('#') + FormatDate(value) + QLatin1Char('#');
     case TextType: case TextType11:

@@ -10,6 +10,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 namespace zolt {
 
 class ItemDataList;
@@ -56,10 +58,11 @@ QString FormatValue(int type, const QString &predicate, const QString &value);
 // it is not a date.
 QString FormatDate(const QString &value);
 QString EscapeQuotes(const QString &value);
-// A number typed as the screen shows numbers ("490.000", "1.234.567,5") as
-// SQL ("490000", "1234567.5"); with the predicate "IN" a list of them
-// separated by "," as "(1,2)". "" when the value is no such number or list.
-QString NumberLiteral(const QString &predicate, const QString &value);
+// The numbers of a value typed as the screen shows numbers ("490.000",
+// "1.234.567,5"), as SQL ("490000", "1234567.5"): one, or with the predicate
+// "IN" a list of them separated by ","; nothing when the value is no such
+// number or list.
+std::optional<QStringList> TypedNumbers(const QString &predicate, const QString &value);
 // Occurrences of pattern in text; 0 for an empty text.
 int CountOf(const QString &text, const QString &pattern);
 

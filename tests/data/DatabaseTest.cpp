@@ -28,19 +28,29 @@ TEST(DateLiterals, RewrittenMonthFirstOutsideQuotedText)
         EXPECT_EQ(RewriteDateLiterals(sql), rewritten);
 }
 
-TEST(TextLike, CaseBlindAndAccentBlindAsAClerkTypes)
+// The comparisons the library puts on an SQLite connection, as SQL runs them:
+// LIKE (with an escape), zolt_bare_like, and = under the collation NOCASE.
+TEST(SQLiteText, CaseBlindAndAccentBlindAsAClerkTypes)
 {
-    const bool accentBlind = true, caseBlind = false;
-    for (const auto &[pattern, text, bare, matches] : {
-             std::tuple{u"bánh%"_s, u"BÁNH QUY"_s, caseBlind, true}, {u"%ỗ%"_s, u"ĐỖ VĂN"_s, caseBlind, true},
-             {u"_ỗ"_s, u"ĐỖ"_s, caseBlind, true}, {u"%a%b%c"_s, u"xaxbxbxc"_s, caseBlind, true},
-             {u"a%"_s, u"ba"_s, caseBlind, false}, {u"a_"_s, u"a"_s, caseBlind, false},
-             {u"100!%"_s, u"100%"_s, caseBlind, true}, {u"100!%"_s, u"1000"_s, caseBlind, false},
-             {u"%"_s, QString(), caseBlind, true}, {u"banh%"_s, u"Bánh quy"_s, caseBlind, false},
-             {u"bánh%"_s, u"Ba\u0301nh quy"_s /* stored decomposed */, caseBlind, true},
-             {u"banh%"_s, u"Bảnh"_s, accentBlind, true}, {u"d%"_s, u"Đường"_s, accentBlind, true},
-             {u"nguyen _an"_s, u"Nguye\u0302\u0303n Văn"_s, accentBlind, true}, {u"banh"_s, u"Bánh quy"_s, accentBlind, false}})
-        EXPECT_EQ(TextLike(pattern, text, bare, u'!'), matches) << pattern.toStdString() << " " << text.toStdString();
+    test::TempDatabase db;
+    const char *const like = "Select ? Like ? Escape '!'", *const bare = "Select zolt_bare_like(?, ?)",
+                      *const same = "Select ? = ? Collate NoCase";
+    for (const auto &[sql, text, pattern, matches] : {
+             std::tuple{like, u"BÁNH QUY"_s, u"bánh%"_s, true}, {like, u"ĐỖ VĂN"_s, u"%ỗ%"_s, true},
+             {like, u"ĐỖ"_s, u"_ỗ"_s, true}, {like, u"xaxbxbxc"_s, u"%a%b%c"_s, true}, {like, u"ba"_s, u"a%"_s, false},
+             {like, u"a"_s, u"a_"_s, false}, {like, u"100%"_s, u"100!%"_s, true}, {like, u"1000"_s, u"100!%"_s, false},
+             {like, u""_s, u"%"_s, true}, {like, u"Bánh quy"_s, u"banh%"_s, false},
+             {like, u"Ba\u0301nh quy"_s /* stored decomposed */, u"bánh%"_s, true},
+             {bare, u"Bảnh"_s, u"banh%"_s, true}, {bare, u"Đường"_s, u"d%"_s, true},
+             {bare, u"Nguye\u0302\u0303n Văn"_s, u"nguyen _an"_s, true}, {bare, u"Bánh quy"_s, u"banh"_s, false},
+             {same, u"Ba\u0301nh"_s, u"BÁNH"_s, true}, {same, u"Bánh"_s, u"Banh"_s, false}}) {
+        QSqlQuery query(db.db());
+        query.prepare(QLatin1String(sql));
+        query.addBindValue(text);
+        query.addBindValue(pattern);
+        ASSERT_TRUE(query.exec() && query.next()) << sql;
+        EXPECT_EQ(query.value(0).toInt() == 1, matches) << sql << " " << text.toStdString() << " " << pattern.toStdString();
+    }
 }
 
 class DatabaseTest : public ::testing::TestWithParam<test::Engine> {
