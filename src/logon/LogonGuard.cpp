@@ -98,8 +98,8 @@ void ClearRefusals(const QString &name)
 
 QString WaitMessage(qint64 seconds)
 {
-    const QString span = seconds >= 60 ? QStringLiteral("%1 phút %2 giây").arg(seconds / 60).arg(seconds % 60)
-                                       : QStringLiteral("%1 giây").arg(seconds);
+    const QString minutes = QStringLiteral("%1 phút").arg(seconds / 60), rest = QStringLiteral("%1 giây").arg(seconds % 60);
+    const QString span = seconds < 60 ? rest : seconds % 60 == 0 ? minutes : minutes + u' ' + rest;
     return QStringLiteral("Đã nhập sai quá số lần cho phép. Hãy chờ %1 nữa rồi đăng nhập lại.").arg(span);
 }
 

@@ -27,7 +27,7 @@ protected:
     {
         CreateTables(db.db());
         SeedTables(db.db(), u"admin"_s, u"admin"_s);
-        db.exec(u"Insert Into Options Values('Config', 'LogonAttempts', '2', Null), ('Config', 'LogonWaitSeconds', '60', Null),"
+        db.exec(u"Insert Into Options Values('Config', 'LogonAttempts', '2', Null), ('Config', 'LogonWaitSeconds', '600', Null),"
                 " ('Config', 'LogonLogDays', '1', Null)"_s);
     }
     // A logon with real keys; what the clerk was told, "" when logged on.
@@ -77,6 +77,8 @@ TEST_P(LogonGuardTest, ANameRefusedTooOftenWaitsUntilALogonOrAnAdministratorClea
     EXPECT_EQ(logon(u"admin"_s, u"admin"_s), "");   // and a logon clears the count
     EXPECT_EQ(db.scalar(u"Select Count(*) From LogonFailures Where [Name]='admin'"_s).toInt(), 0);
     EXPECT_EQ(WaitMessage(45), u"Đã nhập sai quá số lần cho phép. Hãy chờ 45 giây nữa rồi đăng nhập lại."_s);
+    EXPECT_EQ(WaitMessage(120), u"Đã nhập sai quá số lần cho phép. Hãy chờ 2 phút nữa rồi đăng nhập lại."_s);
+    EXPECT_EQ(WaitMessage(599), u"Đã nhập sai quá số lần cho phép. Hãy chờ 9 phút 59 giây nữa rồi đăng nhập lại."_s);
 
     // The record: every attempt, its desk and result, never a password.
     EXPECT_EQ(db.scalar(u"Select Count(*) From LogonLog Where Result='waiting'"_s).toInt(), 2);
