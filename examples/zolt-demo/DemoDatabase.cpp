@@ -12,6 +12,8 @@
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
+
+#include <cstdio>
 #include <QStringList>
 #include <QUrl>
 #include <QUrlQuery>
@@ -124,7 +126,9 @@ bool addGoods(QSqlDatabase &db, int rows, QString &error)
 bool createTablesAndSamples(QSqlDatabase &db, int goods, QString &error)
 {
     try {
-        zolt::CreateTables(db);
+        // Rows that keep a unique key from being made are the shop's to put right.
+        for (const QString &row : zolt::CreateTables(db))
+            std::fprintf(stderr, "%s\n", qPrintable(row));
     } catch (const zolt::Error &e) {
         error = e.description();
         return false;

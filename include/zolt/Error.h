@@ -24,7 +24,8 @@ public:
         NoCurrentRecord = 3021,     // a field read while the record set is at its end
         ItemNotFound = 3265,        // a field name or position the record set does not have
         DuplicateKey = 457,         // key already associated with an element of a collection
-        DatabaseFailure = -2147217900
+        DatabaseFailure = -2147217900,
+        ServerUnreachable = -2147467259   // the server went away; the library opens the connection again when it can
     };
 
     // An error with the runtime's own description of the number.

@@ -5,9 +5,11 @@
 #include "data/Conversions.h"
 #include "data/Logging.h"
 
+#include <zolt/Connection.h>
 #include <zolt/Error.h>
 
 #include <QRegularExpression>
+#include <QSet>
 #include <QTime>
 #include <QSqlDriver>
 #include <QSqlError>
@@ -144,7 +146,95 @@ QString adapt(const QString &sql, const Dialect &dialect)
     return out;
 }
 
+const QString ClosedText = QStringLiteral("Operation is not allowed when the object is closed.");
+const QString UnreachableText = QStringLiteral(
+    "Không kết nối được với máy chủ cơ sở dữ liệu. Hãy kiểm tra mạng hoặc máy chủ rồi thử lại.");
+const QString InterruptedText = QStringLiteral(
+    "Kết nối với máy chủ cơ sở dữ liệu vừa bị gián đoạn nên dữ liệu có thể chưa được ghi. Hãy kiểm tra rồi ghi lại.");
+
+bool reopenAllowed = true;
+
+// The connections (by name) whose server went away and that could not be
+// opened again yet: the library tries again at their next use. A connection
+// the host closed itself is not among them and stays closed.
+QSet<QString> &lostConnections()
+{
+    static QSet<QString> names;
+    return names;
+}
+
+// True when db's server no longer answers. The driver closes a PostgreSQL
+// connection itself once it notices; an ODBC one must be asked. A server
+// that answers with an error (a transaction already failed, say) is there.
+bool serverGone(const QSqlDatabase &db)
+{
+    if (!db.driver() || db.driver()->dbmsType() == QSqlDriver::SQLite)
+        return false;   // a file does not go away between statements
+    if (!db.isOpen())
+        return true;
+    QSqlQuery probe(db);
+    return !probe.exec(QStringLiteral("Select 1")) && !probe.lastError().nativeErrorCode().startsWith(QLatin1String("25"));
+}
+
+// Opens db again after its server went away; true when it is open.
+bool reopen(QSqlDatabase db)
+{
+    if (!reopenAllowed)
+        return false;
+    db.close();
+    const bool opened = db.open();
+    if (opened)
+        lostConnections().remove(db.connectionName());
+    else
+        lostConnections().insert(db.connectionName());
+    qCDebug(zoltSql).noquote() << (opened ? "opened again:" : "could not open again:") << db.connectionName();
+    return opened;
+}
+
 } // namespace
+
+namespace {
+void (*serverAwayNotice)(const QString &) = nullptr;
+} // namespace
+
+void SetServerAwayNotice(void (*notice)(const QString &text))
+{
+    serverAwayNotice = notice;
+}
+
+void NoticeServerAway(const QString &text)
+{
+    if (serverAwayNotice)
+        serverAwayNotice(text);
+}
+
+void ReopenLostConnections(bool on)
+{
+    reopenAllowed = on;
+}
+
+LibraryStatement RunLibraryStatement(QSqlDatabase db, const QString &sql, Repeat repeat)
+{
+    if (!db.isOpen()) {
+        if (!lostConnections().contains(db.connectionName()))
+            return {QSqlQuery(db), Error::DatabaseFailure, ClosedText};
+        if (!reopen(db))
+            return {QSqlQuery(db), Error::ServerUnreachable, UnreachableText};
+    }
+    QSqlQuery query(db);
+    if (RunStatement(query, sql))
+        return {std::move(query), 0, QString()};
+    if (!serverGone(db))
+        return {QSqlQuery(db), Error::DatabaseFailure, query.lastError().text()};
+    if (!reopen(db))
+        return {QSqlQuery(db), Error::ServerUnreachable, UnreachableText};
+    if (repeat == Repeat::Never)
+        return {QSqlQuery(db), Error::ServerUnreachable, InterruptedText};
+    QSqlQuery again(db);
+    if (RunStatement(again, sql))
+        return {std::move(again), 0, QString()};
+    return {QSqlQuery(db), Error::DatabaseFailure, again.lastError().text()};
+}
 
 QSqlDatabase CurrentConnection()
 {
@@ -192,12 +282,18 @@ bool BreaksQuotedLiteral(const QString &text)
 
 qint64 Execute(const QString &sql, const QSqlDatabase &db)
 {
-    if (!db.isOpen())
-        throw Error(Error::DatabaseFailure, QStringLiteral("Operation is not allowed when the object is closed."));
-    QSqlQuery query(db);
-    if (!RunStatement(query, DriverSql(db, sql)))
-        throw Error(Error::DatabaseFailure, query.lastError().text());
-    return query.numRowsAffected();
+    const LibraryStatement run = RunLibraryStatement(db, DriverSql(db, sql), Repeat::Never);
+    if (run.number != 0)
+        throw Error(run.number, run.errorText);
+    return run.query.numRowsAffected();
+}
+
+bool InsertUnlessPresent(const QString &sql, const QSqlDatabase &db)
+{
+    const auto engine = db.driver() ? db.driver()->dbmsType() : QSqlDriver::UnknownDbms;
+    if (engine != QSqlDriver::SQLite && engine != QSqlDriver::PostgreSQL)
+        return Execute(sql, db) > 0;
+    return Execute(sql + QStringLiteral(" ON CONFLICT DO NOTHING"), db) > 0;
 }
 
 bool RunStatement(QSqlQuery &query, const QString &sql)

@@ -45,7 +45,30 @@ bool RunStatement(QSqlQuery &query, const QString &sql);
 
 // Runs an INSERT, UPDATE or DELETE on db and returns the number of rows it
 // touched; a failure raises zolt::Error with the database failure number and
-// the driver's message.
+// the driver's message, or Error::ServerUnreachable (never repeated: the
+// clerk is told and may try again) when the server went away.
 qint64 Execute(const QString &sql, const QSqlDatabase &db = CurrentConnection());
+
+// Runs an INSERT that adds nothing where a row with the same unique key
+// exists (another desk's, say), on engines that can say so in the statement;
+// true when the row was added. Elsewhere the duplicate's error is raised.
+bool InsertUnlessPresent(const QString &sql, const QSqlDatabase &db = CurrentConnection());
+
+// A statement of the library run on db: a read is run once more on a
+// connection opened again after its server went away. The failure number
+// (0 when it ran, Error::DatabaseFailure or Error::ServerUnreachable) and the
+// text to show for it.
+struct LibraryStatement {
+    QSqlQuery query;
+    qint32 number = 0;
+    QString errorText;
+};
+enum class Repeat { Read, Never };
+LibraryStatement RunLibraryStatement(QSqlDatabase db, const QString &sql, Repeat repeat);
+
+// How a dialog's read tells the clerk that the server is away: the widgets
+// part installs a message box; without it nothing is shown.
+void SetServerAwayNotice(void (*notice)(const QString &text));
+void NoticeServerAway(const QString &text);
 
 } // namespace zolt

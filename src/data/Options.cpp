@@ -67,11 +67,14 @@ QString ReadOption(const QString &section, const QString &key, const QString &de
 void SaveOption(const QString &section, const QString &key, const QString &value,
                 const QString &description, qint32 isNew)
 {
+    if (isNew)
+        return void(Execute(insertOption(section, key, value, description)));   // refused where the row exists
     // A failed existence query leaves its number: a negative one (the
-    // database's) inserts, a positive one updates.
-    const qint32 n = isNew ? 0 : optionExists(section, key);
-    Execute(n < 1 ? insertOption(section, key, value, description)
-                  : updateOption(section, key, value, description));
+    // database's) inserts, a positive one updates. A row another desk added
+    // since the query is updated rather than added twice.
+    if (optionExists(section, key) < 1 && InsertUnlessPresent(insertOption(section, key, value, description)))
+        return;
+    Execute(updateOption(section, key, value, description));
 }
 
 qint32 GetMaxValue(const QString &table, const QString &field, const QSqlDatabase &connection)

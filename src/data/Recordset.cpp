@@ -30,19 +30,13 @@ QString statementOf(const QString &source)
 qint32 Recordset::Open(const QString &sql, const QSqlDatabase &db)
 {
     Close();
-    if (!db.isOpen()) {
-        m_errorText = closedText();
-        return Error::DatabaseFailure;
-    }
-    QSqlQuery query(db);
-    if (!RunStatement(query, DriverSql(db, statementOf(sql)))) {
-        m_errorText = query.lastError().text();
-        return Error::DatabaseFailure;
-    }
-    m_errorText.clear();
-    m_record = query.record();
+    LibraryStatement run = RunLibraryStatement(db, DriverSql(db, statementOf(sql)), Repeat::Read);
+    m_errorText = run.errorText;
+    if (run.number != 0)
+        return run.number;
+    m_record = run.query.record();
     m_fieldCount = m_record.count();
-    m_query.emplace(std::move(query));
+    m_query.emplace(std::move(run.query));
     m_onRow = m_query->first();
     return 0;
 }

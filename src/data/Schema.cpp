@@ -11,6 +11,7 @@
 #include <zolt/Error.h>
 
 #include <QFile>
+#include <QStringList>
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
@@ -80,14 +81,68 @@ void toVersion3(const QSqlDatabase &db)
     Execute(QStringLiteral("CREATE INDEX LogonLogAt ON LogonLog (At)"));
 }
 
+// The user list's members of a group are read by IdGroup.
+void toVersion4(const QSqlDatabase &)
+{
+    Execute(QStringLiteral("CREATE INDEX UserGroup ON [User] (IdGroup)"));
+}
+
 using Step = void (*)(const QSqlDatabase &);
-const Step Steps[SchemaVersion] = {toVersion1, toVersion2, toVersion3};
+const Step Steps[SchemaVersion] = {toVersion1, toVersion2, toVersion3, toVersion4};
+
+// What must be unique so that several desks cannot add the same row twice:
+// user names, compared as the logon compares them (the columns' case-blind
+// text), and one row per setting. Groups may share names.
+struct UniqueKey {
+    const char *index, *table, *columns, *what;
+};
+const UniqueKey UniqueKeys[] = {
+    {"UserName", "[User]", "[Name]", "Người sử dụng trùng tên"},
+    {"OptionKey", "Options", "[Section],KeyName", "Thiết lập trùng khoá"},
+};
+
+// Makes each unique key that is missing; a key that rows already break is not
+// made, and those rows are reported (never deleted): a later call makes it
+// once they are put right.
+QStringList makeUniqueKeys()
+{
+    QStringList report;
+    for (const UniqueKey &key : UniqueKeys) {
+        const QString columns = QString::fromLatin1(key.columns);
+        Recordset rs;
+        if (const qint32 n = rs.Open(QStringLiteral("Select %1, Count(*) From %2 Group By %1 Having Count(*) > 1")
+                                         .arg(columns, QLatin1String(key.table)));
+            n != 0)
+            throw Error(n, rs.LastErrorText());
+        if (rs.Eof()) {
+            Execute(QStringLiteral("CREATE UNIQUE INDEX IF NOT EXISTS %1 ON %2 (%3)")
+                        .arg(QLatin1String(key.index), QLatin1String(key.table), columns));
+            continue;
+        }
+        for (; !rs.Eof(); rs.MoveNext()) {
+            QStringList values;
+            for (int column = 0; column + 1 < rs.FieldCount(); ++column)
+                values << NullToStr(rs.Value(column));
+            report << QStringLiteral("%1: %2 (%3 dòng)")
+                          .arg(QString::fromUtf8(key.what), values.join(QStringLiteral(" / ")), rs.Value(rs.FieldCount() - 1).toString());
+        }
+    }
+    return report;
+}
+
+bool isSQLite(const QSqlDatabase &db)
+{
+    return db.driver()->dbmsType() == QSqlDriver::SQLite;
+}
 
 // Runs work in one transaction where the engine has them; a failure rolls back.
+// SQLite takes the file's write lock at the start, so that two desks setting
+// up at once wait for each other instead of failing half-way.
 template <typename Work>
 void inTransaction(QSqlDatabase db, Work work)
 {
-    const bool transaction = db.driver()->hasFeature(QSqlDriver::Transactions) && db.transaction();
+    const bool transaction = db.driver()->hasFeature(QSqlDriver::Transactions)
+                             && (isSQLite(db) ? QSqlQuery(db).exec(QStringLiteral("BEGIN IMMEDIATE")) : db.transaction());
     try {
         work();
     } catch (...) {
@@ -155,21 +210,29 @@ qint32 TablesVersion(const QSqlDatabase &db)
     return ReadOption(QStringLiteral("Config"), QStringLiteral("SchemaVersion"), QStringLiteral("0"), db).toInt();
 }
 
-void CreateTables(const QSqlDatabase &db)
+QStringList CreateTables(const QSqlDatabase &db)
 {
     UseConnection(db);
     if (!db.isOpen())
         throw Error(Error::DatabaseFailure, QStringLiteral("Operation is not allowed when the object is closed."));
     scriptFor(db);   // an engine without tables fails before anything runs
+    // Several desks on one file read while another writes (a file on one
+    // machine; see the guide). The mode stays with the file: a desk that has
+    // it open in a transaction only delays it to a later call.
+    if (isSQLite(db))
+        QSqlQuery(db).exec(QStringLiteral("PRAGMA journal_mode=WAL"));
     // Read first: on PostgreSQL a failed read (no Options yet) would end the transaction.
     const qint32 from = TablesVersion(db);
+    QStringList report;
     inTransaction(db, [&] {
         for (qint32 version = from; version < SchemaVersion; ++version)
             Steps[version](db);
         if (from < SchemaVersion)
             SaveOption(QStringLiteral("Config"), QStringLiteral("SchemaVersion"), QString::number(SchemaVersion),
                        QStringLiteral("Phiên bản các bảng của ZOLT"), 0);
+        report = makeUniqueKeys();
     });
+    return report;
 }
 
 void SeedTables(const QSqlDatabase &db, const QString &adminName, const QString &adminPassword)

@@ -155,6 +155,7 @@ void FmGrp::ViewInfo(qint32 Id)
         Recordset rs;
         if (OpenQuery(rs, QStringLiteral("Select * From ") + m_table + QStringLiteral(" Where Code=") + code) == 0
             && HasRows(rs)) {
+            m_read.Take(rs, {QStringLiteral("Name"), QStringLiteral("Des")});
             TxtName->setText(NullToStr(rs.Value(QStringLiteral("Name"))));
             TxtDesc->setText(NullToStr(rs.Value(QStringLiteral("Des"))));
         }
@@ -184,9 +185,12 @@ qint32 FmGrp::WriteData(qint32 Id)
                                 + TxtName->text() + QStringLiteral("')"),
                             QStringLiteral("[Des]"), TxtDesc->text());
     try {
-        Execute(sql);
-        return 0;
+        if (Id == 0)
+            return Execute(sql), 0;
+        // Renamed only while the group holds what the boxes were filled from.
+        return Execute(sql + m_read.StillHolds()) == 0 ? qint32(Error::NoCurrentRecord) : 0;
     } catch (const Error &e) {
+        m_writeFailure = e.number() == Error::ServerUnreachable ? u'\n' + e.description() : QString();
         return e.number();
     }
 }
@@ -199,12 +203,8 @@ void FmGrp::CheckWrite()
 // Groups 1 and 8 are built in: the statement never removes them.
 void FmGrp::DeleteData(const QString &Predicate)
 {
-    try {
-        Execute(QStringLiteral("Delete From ") + m_table + QStringLiteral(" Where Code In (") + Predicate
-                + QStringLiteral(") and (Code Not In (1,8))"));
-    } catch (const Error &) {
-        // not reported
-    }
+    Execute(QStringLiteral("Delete From ") + m_table + QStringLiteral(" Where Code In (") + Predicate
+            + QStringLiteral(") and (Code Not In (1,8))"));
 }
 
 bool FmGrp::eventFilter(QObject *watched, QEvent *event)
@@ -254,13 +254,20 @@ void FmGrp::CmdWrite_Click()
         return;
     if (!m_viewing) {
         if (WriteData(0) != 0) {
-            ShowMgBox(QStringLiteral("Không thể thêm dữ liệu vào bảng"), 0, SaveError);
+            ShowMgBox(QStringLiteral("Không thể thêm dữ liệu vào bảng") + m_writeFailure, 0, SaveError);
         } else {
             AddListItem(Lv1, GetMaxValue(m_table, QStringLiteral("Code"), CurrentConnection()), rowText());
             AddRecord();
         }
-    } else if (WriteData(m_current) != 0) {
-        ShowMgBox(QStringLiteral("Không thể ghi dữ liệu vào bảng"), 0, SaveError);
+    } else if (const qint32 n = WriteData(m_current); n == Error::NoCurrentRecord) {
+        ShowMgBox(QStringLiteral("Nhóm này vừa được sửa hoặc xoá ở máy khác. Danh sách nhóm đã được đọc lại."), 0,
+                  SaveError);
+        ReadInfo(m_table);
+        if (FindItemData(Lv1, m_current) < 0)
+            m_current = 0;
+        ViewInit();
+    } else if (n != 0) {
+        ShowMgBox(QStringLiteral("Không thể ghi dữ liệu vào bảng") + m_writeFailure, 0, SaveError);
     } else {
         SetListText(Lv1, rowText());
     }
@@ -283,9 +290,15 @@ void FmGrp::CmdDelete_Click()
         Lv1_Click();
         Lv1->setFocus();
     }
-    if (!codes.isEmpty()) {
+    if (codes.isEmpty())
+        return;
+    try {
         DeleteData(codes);
         ShowMgBox(QString::number(count) + QStringLiteral(" danh mục đã bị xoá"), 0, DeleteTitle);
+    } catch (const Error &e) {
+        ShowMgBox(e.description(), 0, DeleteTitle);   // nothing was deleted: the list shows the groups again
+        ReadInfo(m_table);
+        ViewInit();
     }
 }
 

@@ -4,6 +4,8 @@
 // The user groups of table Groups: the list of groups, the selected group's
 // name and description, its users, and the way to its menu rights.
 
+#include "data/RowSnapshot.h"
+
 #include <QDialog>
 
 class QGroupBox;
@@ -44,6 +46,8 @@ private:
     QString m_table;          // every statement of the dialog names it
     bool m_viewing = true;    // false while a new group is being entered
     qint32 m_current = 0;     // the code of the group shown
+    RowSnapshot m_read;       // its name and description as shown
+    QString m_writeFailure;   // why the last write failed where the clerk can act on it (the server away)
     QListWidget *Lv1;
     QGroupBox *FrDetail;
     QTreeWidget *lvUser;

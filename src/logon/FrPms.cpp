@@ -94,6 +94,8 @@ void FrPms::APms(qint32 Ip)
 // row is not held open while the dialog shows: another desk may write meanwhile.
 void FrPms::ReadPms()
 {
+    m_rights.clear();
+    m_columns.clear();
     try {
         Recordset rs;
         if (OpenQuery(rs, QStringLiteral("Select * From Groups Where Code=") + QString::number(m_group)) != 0)
@@ -106,6 +108,7 @@ void FrPms::ReadPms()
         }
     } catch (const Error &) {
     }
+    m_read = m_rights;
 }
 
 void FrPms::ReadInf(const QString &TableName, QListWidget *Lv)
@@ -144,18 +147,48 @@ void FrPms::LstSubMenu_Click()
     }
 }
 
-// One statement for every bar; its failure is not reported.
+// One statement for every bar changed. Each right this desk changed is set
+// where the row still holds what was read or already what is set; the rest
+// of the column, another desk's, is kept. A failure is told and the dialog
+// stays, so that Ghi can be pressed again.
 void FrPms::CmdOk_Click()
 {
-    QString sql = QStringLiteral("Update Groups Set ");
-    for (int k = 0; k < m_rights.size(); ++k)
-        sql += m_columns[k] + QLatin1Char('=') + QString::number(m_rights[k]) + QLatin1Char(',');
-    sql.chop(1);
+    QStringList sets, holds;
+    for (int k = 0; k < m_rights.size(); ++k) {
+        const qint32 changed = m_rights[k] ^ m_read[k];
+        if (changed == 0)
+            continue;
+        const QString stored = QStringLiteral("Coalesce(") + m_columns[k] + QStringLiteral(",0)");
+        const QString mine = QString::number(m_rights[k] & changed);
+        sets << QStringLiteral("%1=(%2 & ~(%3)) | %4").arg(m_columns[k], stored).arg(changed).arg(mine);
+        holds << QStringLiteral("(%1 & %2) In (%3,%4)").arg(stored).arg(changed).arg(m_read[k] & changed).arg(mine);
+    }
+    if (sets.isEmpty())
+        return accept();
     try {
-        Execute(sql + QStringLiteral(" Where Code=") + QString::number(m_group));
-    } catch (const Error &) {
+        if (Execute(QStringLiteral("Update Groups Set ") + sets.join(u',') + QStringLiteral(" Where Code=")
+                    + QString::number(m_group) + QStringLiteral(" And ") + holds.join(QStringLiteral(" And ")))
+            == 0)
+            return changedElsewhere();
+    } catch (const Error &e) {
+        return void(ShowMgBox(e.description(), 0, windowTitle(), 0, false, this));
     }
     accept();
+}
+
+// Another desk set a right of this group that this desk changed too, or
+// deleted the group: the clerk is told and sees the rights as they are now.
+void FrPms::changedElsewhere()
+{
+    ReadPms();
+    if (m_read.isEmpty() && m_columns.isEmpty()) {
+        ShowMgBox(QStringLiteral("Nhóm này vừa bị xoá ở máy khác."), 0, windowTitle(), 0, false, this);
+        return reject();
+    }
+    ShowMgBox(QStringLiteral("Quyền của nhóm này vừa được thay đổi ở máy khác. Quyền hiện tại đã được hiện lại; "
+                             "hãy chọn lại rồi ghi."),
+              0, windowTitle(), 0, false, this);
+    APms(m_rights.value(LstMenuBar->currentRow()));
 }
 
 } // namespace zolt

@@ -2,8 +2,9 @@
 #pragma once
 
 // The menu rights of one user group: for each menu bar of table Menu, which of
-// its sub-menus the group may use. Changes are kept until Ghi writes them all
-// in one statement.
+// its sub-menus the group may use. Changes are kept until Ghi writes them in
+// one statement, which sets only the rights changed here and only where no
+// other desk set them otherwise meanwhile.
 
 #include <QDialog>
 
@@ -35,9 +36,11 @@ private:
     void LstMenuBar_Click();
     void LstSubMenu_Click();
     void CmdOk_Click();
+    void changedElsewhere();
 
     qint32 m_group;
     QList<qint32> m_rights;   // one value per rights column, in the order of the menu bars
+    QList<qint32> m_read;     // the same as read from the database
     QStringList m_columns;    // their names
     QListWidget *LstMenuBar;
     QListWidget *LstSubMenu;

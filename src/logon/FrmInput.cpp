@@ -112,6 +112,8 @@ void FrmInput::PreLoad()
             if (OpenQuery(rs, QStringLiteral("SELECT  *  FROM [User]  WHERE [Name]='") + UserName
                                   + QLatin1Char('\'')) == 0
                 && HasRows(rs)) {
+                m_read.Take(rs, {QStringLiteral("Name"), QStringLiteral("Dec"), QStringLiteral("Password"),
+                                 QStringLiteral("IdGroup"), QStringLiteral("PasswordHash")});
                 Txtuser->setText(NullToStr(rs.Value(1)));
                 TxtDes->setText(NullToStr(rs.Value(2)));
                 TxtPass->setText(NullToStr(rs.Value(3)));   // the stored digest, not a password
@@ -188,19 +190,17 @@ void FrmInput::addUser(const QString &name)
         return refuse(Exists, AddTitle);
     if (!passwordAccepted())
         return refuse(BadPassword, AddTitle);
-    if (m_policy.strong) {
-        // Added, then given its password by the statement an edit uses.
-        Execute(QStringLiteral("Insert Into [User](Name,[Dec],IdGroup,[Password]) Values('") + name + QStringLiteral("','")
-                + TxtDes->text() + QStringLiteral("',") + QString::number(SelectedItemData(TxtIdGroup)) + QLatin1Char(',')
-                + DoubleToText(NoDigest) + QLatin1Char(')'));
-        Execute(QStringLiteral("UPDATE [User] Set ") + passwordColumns() + QStringLiteral(" Where [Name]='") + name
-                + QLatin1Char('\''));
-        return accept();
-    }
-    Execute(QStringLiteral("Insert Into [User](Name,[Dec],IdGroup,[Password]) Values('") + name
-            + QStringLiteral("','") + TxtDes->text() + QStringLiteral("',")
-            + QString::number(SelectedItemData(TxtIdGroup)) + QLatin1Char(',')
-            + DoubleToText(EncodePassword(TxtPass->text())) + QLatin1Char(')'));
+    // With the strong store the row gets its hash in the same statement.
+    const QString columns = m_policy.strong ? QStringLiteral(",PasswordHash") : QString();
+    const QString password = m_policy.strong ? DoubleToText(NoDigest) + QStringLiteral(",'")
+                                                   + HashPassword(TxtPass->text(), m_policy) + u'\''
+                                             : DoubleToText(EncodePassword(TxtPass->text()));
+    // Another desk may have added the name since the query above.
+    if (!InsertUnlessPresent(QStringLiteral("Insert Into [User](Name,[Dec],IdGroup,[Password]") + columns
+                             + QStringLiteral(") Values('") + name + QStringLiteral("','") + TxtDes->text()
+                             + QStringLiteral("',") + QString::number(SelectedItemData(TxtIdGroup)) + u',' + password
+                             + u')'))
+        return refuse(Exists, AddTitle);
     accept();
 }
 
@@ -210,8 +210,9 @@ void FrmInput::updateUser(const QString &name)
     CheckQuotable(old);
     // The old row is opened as it always was, though nothing reads it.
     hasUser(QStringLiteral("SELECT  *  FROM [User]  WHERE [Name]='") + old + QLatin1Char('\''));
-    if (hasUser(QStringLiteral("Select  * From [User] Where [Name]='") + name + QStringLiteral("' And [Name] <> '")
-                + old + QLatin1Char('\'')))
+    const QString otherUser = QStringLiteral("Select  * From [User] Where [Name]='") + name
+                              + QStringLiteral("' And [Name] <> '") + old + QLatin1Char('\'');
+    if (hasUser(otherUser))
         return refuse(Exists, UpdateTitle);
     if (!passwordAccepted())   // an untouched password passes: both boxes hold the digest
         return refuse(BadPassword, UpdateTitle);
@@ -219,8 +220,29 @@ void FrmInput::updateUser(const QString &name)
                   + QStringLiteral("',IdGroup=") + QString::number(SelectedItemData(TxtIdGroup));
     if (m_passwordChanged)
         sql += u',' + passwordColumns();
-    Execute(sql + QStringLiteral(" Where [Name]='") + old + QLatin1Char('\''));
+    // Only while the row holds what the boxes were filled from.
+    try {
+        if (Execute(sql + QStringLiteral(" Where [Name]='") + old + QLatin1Char('\'') + m_read.StillHolds()) == 0)
+            return changedElsewhere();
+    } catch (const Error &e) {
+        if (e.number() == Error::DatabaseFailure && hasUser(otherUser))
+            return refuse(Exists, UpdateTitle);   // another desk took the name since the query above
+        throw;
+    }
     accept();
+}
+
+// Another desk changed or deleted the user since the boxes were filled: the
+// clerk is told and sees the row as it is now (or the dialog closes).
+void FrmInput::changedElsewhere()
+{
+    if (!hasUser(QStringLiteral("SELECT * FROM [User] WHERE [Name]='") + UserName + QLatin1Char('\''))) {
+        ShowMgBox(QStringLiteral("Người sử dụng này vừa bị xoá ở máy khác."), 0, UpdateTitle, 0, false, this);
+        return reject();
+    }
+    ShowMgBox(QStringLiteral("Người sử dụng này vừa được sửa ở máy khác. Thông tin hiện tại đã được hiện lại; hãy sửa lại rồi ghi."),
+              0, UpdateTitle, 0, false, this);
+    PreLoad();
 }
 
 // Tells the user and selects the name for another try.

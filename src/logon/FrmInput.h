@@ -6,6 +6,8 @@
 
 #include "logon/PasswordStore.h"
 
+#include "data/RowSnapshot.h"
+
 #include <QDialog>
 
 class QComboBox;
@@ -40,7 +42,10 @@ private:
     void updateUser(const QString &name);
     void refuse(const QString &message, const QString &title);
 
+    void changedElsewhere();
+
     bool m_passwordChanged = false;
+    RowSnapshot m_read;   // the user's row as the boxes show it
     PasswordPolicy m_policy;   // read when OK is pressed
     QLabel *Label1;
     QLineEdit *Txtuser;

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "msgbox/MdlMsg.h"
 
+#include "data/Database.h"
 #include "msgbox/MessageBox.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QPointer>
 
 namespace zolt {
@@ -52,6 +54,26 @@ QString ShowMgBox(const QString &Message, qint32 Button)
     QString title;
     return ShowMgBox(Message, Button, title);
 }
+
+namespace {
+
+// One message for one action: a dialog that reads several tables while the
+// server is away says so once, not once a table.
+void tellServerAway(const QString &text)
+{
+    static bool showing = false;
+    static QElapsedTimer sinceClosed;
+    if (showing || (sinceClosed.isValid() && sinceClosed.elapsed() < 2000))
+        return;
+    showing = true;
+    ShowMgBox(text, 0, QStringLiteral("Lỗi kết nối"), 16);
+    showing = false;
+    sinceClosed.start();
+}
+
+const bool serverAwayNoticeInstalled = (SetServerAwayNotice(tellServerAway), true);
+
+} // namespace
 
 qint32 ShowMgBoxAnswer(const QString &Message, qint32 Button, const QString &Title, qint32 icon, QWidget *parent)
 {

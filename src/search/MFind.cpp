@@ -62,7 +62,10 @@ std::optional<QStringList> TypedNumbers(const QString &predicate, const QString 
 
 qint32 OpenQuery(Recordset &rs, const QString &sql)
 {
-    return rs.Open(sql, CurrentConnection());
+    const qint32 n = rs.Open(sql, CurrentConnection());
+    if (n == Error::ServerUnreachable)
+        NoticeServerAway(rs.LastErrorText());   // rather than an empty list
+    return n;
 }
 
 bool HasRows(const Recordset &rs)

@@ -33,6 +33,7 @@ extern thread_local QStringList FieldRelation;
 extern thread_local QList<qint32> FieldType;
 
 // Opens sql on the library's connection; 0, or the error number of the open.
+// A server that is away is also told to the clerk.
 qint32 OpenQuery(Recordset &rs, const QString &sql);
 // True when the record set has a current row.
 bool HasRows(const Recordset &rs);

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#include "data/RowSnapshot.h"
+
+#include "data/Conversions.h"
+#include "data/SqlFunc.h"
+
+#include <zolt/Error.h>
+
+namespace zolt {
+
+void RowSnapshot::Take(const Recordset &rs, const QStringList &columns)
+{
+    m_values.clear();
+    for (const QString &column : columns) {
+        try {
+            m_values.append({column, rs.Value(column)});
+        } catch (const Error &) {
+            // a column this table does not have is not compared
+        }
+    }
+}
+
+QString RowSnapshot::StillHolds() const
+{
+    QString condition;
+    for (const auto &[column, value] : m_values) {
+        condition += QStringLiteral(" And [") + column + u']';
+        if (value.isNull())
+            condition += QStringLiteral(" Is Null");
+        else if (value.typeId() == QMetaType::Double)
+            condition += u'=' + DoubleToText(value.toDouble());   // as the library writes them
+        else if (value.typeId() == QMetaType::QString)
+            condition += u'=' + SqlValue(value, QStringLiteral("S"));
+        else
+            condition += u'=' + QString::number(value.toLongLong());
+    }
+    return condition;
+}
+
+} // namespace zolt

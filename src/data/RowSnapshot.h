@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+// The values of a row as a dialog read them, so that a write goes through
+// only while the row still holds them (compare and set in one statement):
+// when another desk changed or deleted the row in between, the write touches
+// nothing and the clerk can be told.
+
+#include "data/Recordset.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+
+#include <utility>
+
+namespace zolt {
+
+class RowSnapshot {
+public:
+    // Keeps the current row's values of those of columns that rs has.
+    void Take(const Recordset &rs, const QStringList &columns);
+    // " And [column]=value" for each value kept ("Is Null" for a Null).
+    QString StillHolds() const;
+
+private:
+    QList<std::pair<QString, QVariant>> m_values;
+};
+
+} // namespace zolt
