@@ -21,6 +21,9 @@ class RowSnapshot {
 public:
     // Keeps the current row's values of those of columns that rs has.
     void Take(const Recordset &rs, const QStringList &columns);
+    void Clear() { m_values.clear(); }
+    // True when no row was read: nothing may be written on its strength.
+    bool IsEmpty() const { return m_values.isEmpty(); }
     // " And [column]=value" for each value kept ("Is Null" for a Null).
     QString StillHolds() const;
 

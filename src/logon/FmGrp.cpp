@@ -149,6 +149,7 @@ void FmGrp::ViewInit()
 void FmGrp::ViewInfo(qint32 Id)
 {
     m_current = Id;
+    m_read.Clear();
     const QString code = QString::number(Id);
     lvUser->clear();
     try {
@@ -187,6 +188,8 @@ qint32 FmGrp::WriteData(qint32 Id)
     try {
         if (Id == 0)
             return Execute(sql), 0;
+        if (m_read.IsEmpty())
+            return Error::NoCurrentRecord;   // the boxes were never filled from the group
         // Renamed only while the group holds what the boxes were filled from.
         return Execute(sql + m_read.StillHolds()) == 0 ? qint32(Error::NoCurrentRecord) : 0;
     } catch (const Error &e) {

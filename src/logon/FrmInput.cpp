@@ -105,6 +105,7 @@ void FrmInput::PreLoad()
         field->setEnabled(FieldsEnabled);
     CMDOK->setEnabled(false);
     ReadDict(TxtIdGroup, QStringLiteral("[Groups]"));
+    m_read.Clear();
     if (EditMode) {
         try {
             CheckQuotable(UserName);
@@ -220,6 +221,8 @@ void FrmInput::updateUser(const QString &name)
                   + QStringLiteral("',IdGroup=") + QString::number(SelectedItemData(TxtIdGroup));
     if (m_passwordChanged)
         sql += u',' + passwordColumns();
+    if (m_read.IsEmpty())
+        return changedElsewhere();   // the boxes were never filled from the row
     // Only while the row holds what the boxes were filled from.
     try {
         if (Execute(sql + QStringLiteral(" Where [Name]='") + old + QLatin1Char('\'') + m_read.StillHolds()) == 0)
@@ -232,17 +235,23 @@ void FrmInput::updateUser(const QString &name)
     accept();
 }
 
-// Another desk changed or deleted the user since the boxes were filled: the
-// clerk is told and sees the row as it is now (or the dialog closes).
+// Another desk changed or deleted the user since the boxes were filled (or
+// they never were, the server being away): the clerk is told and sees the row
+// as it is now (or the dialog closes).
 void FrmInput::changedElsewhere()
 {
     if (!hasUser(QStringLiteral("SELECT * FROM [User] WHERE [Name]='") + UserName + QLatin1Char('\''))) {
         ShowMgBox(QStringLiteral("Người sử dụng này vừa bị xoá ở máy khác."), 0, UpdateTitle, 0, false, this);
         return reject();
     }
-    ShowMgBox(QStringLiteral("Người sử dụng này vừa được sửa ở máy khác. Thông tin hiện tại đã được hiện lại; hãy sửa lại rồi ghi."),
-              0, UpdateTitle, 0, false, this);
+    const bool read = !m_read.IsEmpty();
     PreLoad();
+    CMDOK->setEnabled(true);   // the boxes hold the row again: OK writes them once the clerk has redone the change
+    ShowMgBox(read ? QStringLiteral("Người sử dụng này vừa được sửa ở máy khác. Thông tin hiện tại đã được hiện lại; "
+                                    "hãy sửa lại rồi ghi.")
+                   : QStringLiteral("Thông tin của người sử dụng này chưa đọc được nên chưa ghi. Thông tin đã được đọc "
+                                    "lại; hãy sửa lại rồi ghi."),
+              0, UpdateTitle, 0, false, this);
 }
 
 // Tells the user and selects the name for another try.

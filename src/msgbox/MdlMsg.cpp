@@ -5,8 +5,8 @@
 #include "msgbox/MessageBox.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QPointer>
+#include <QTimer>
 
 namespace zolt {
 
@@ -58,17 +58,16 @@ QString ShowMgBox(const QString &Message, qint32 Button)
 namespace {
 
 // One message for one action: a dialog that reads several tables while the
-// server is away says so once, not once a table.
+// server is away says so once, not once a table; the clerk's next action,
+// in a later turn of the event loop, is told again.
 void tellServerAway(const QString &text)
 {
-    static bool showing = false;
-    static QElapsedTimer sinceClosed;
-    if (showing || (sinceClosed.isValid() && sinceClosed.elapsed() < 2000))
+    static bool told = false;
+    if (told)
         return;
-    showing = true;
+    told = true;
     ShowMgBox(text, 0, QStringLiteral("Lỗi kết nối"), 16);
-    showing = false;
-    sinceClosed.start();
+    QTimer::singleShot(0, [] { told = false; });
 }
 
 const bool serverAwayNoticeInstalled = (SetServerAwayNotice(tellServerAway), true);

@@ -1,6 +1,9 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# The test suite's own PostgreSQL server: ./pg-cluster.sh start|stop FOLDER.
+# The test suite's own PostgreSQL server: ./pg-cluster.sh ACTION FOLDER, where
+# ACTION is start, stop, halt (stopped without a word to its clients, as by a
+# power cut), serve (started again after halt) or restart (halt, then serve
+# after DOWN seconds, a third argument, 0 by default).
 # A throwaway cluster in FOLDER, reached only through a Unix socket there
 # (no TCP), trusting its user "zolt", with the database "zolt" (citext and unaccent
 # installed) and an ODBC data source "ZoltTest" in FOLDER/odbc.ini for
@@ -25,7 +28,25 @@ stop() {
     fi
 }
 
+serve() {
+    local real
+    real=$(readlink -f "$folder")
+    as_owner "$bin/pg_ctl" -D "$real/data" -l "$real/server.log" -w \
+        -o "-k $real -p $port -c listen_addresses= -c fsync=off -c max_connections=200" start > /dev/null
+}
+
 case $action in
+restart)
+    stop
+    sleep "${3:-0}"
+    serve
+    ;;
+halt)   # stopped as by a power cut, to be served again
+    stop
+    ;;
+serve)
+    serve
+    ;;
 start)
     stop
     if [ -L "$folder" ]; then rm -rf "$(readlink -f "$folder")"; fi
@@ -41,8 +62,7 @@ start)
     fi
     as_owner "$bin/initdb" -D "$real/data" -U zolt --auth=trust --encoding=UTF8 --locale=C.UTF-8 \
         > "$real/initdb.log"
-    as_owner "$bin/pg_ctl" -D "$real/data" -l "$real/server.log" -w \
-        -o "-k $real -p $port -c listen_addresses= -c fsync=off -c max_connections=200" start > /dev/null
+    serve
     "$bin/psql" -q -h "$folder" -p $port -U zolt -d postgres -c "CREATE DATABASE zolt"
     "$bin/psql" -q -h "$folder" -p $port -U zolt -d zolt -c "CREATE EXTENSION citext" -c "CREATE EXTENSION unaccent"
     cat > "$folder/odbc.ini" <<INI
@@ -61,7 +81,7 @@ stop)
     fi
     ;;
 *)
-    echo "usage: $0 start|stop FOLDER" >&2
+    echo "usage: $0 start|stop|halt|serve|restart FOLDER [DOWN]" >&2
     exit 2
     ;;
 esac
