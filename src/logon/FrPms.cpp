@@ -147,21 +147,18 @@ void FrPms::LstSubMenu_Click()
     }
 }
 
-// One statement for every bar changed. Each right this desk changed is set
-// where the row still holds what was read or already what is set; the rest
-// of the column, another desk's, is kept. A failure is told and the dialog
+// One statement for every bar changed, each written only while its column
+// still holds what was read: bars changed by another desk meanwhile are kept,
+// and a bar both desks changed is told. A failure is told and the dialog
 // stays, so that Ghi can be pressed again.
 void FrPms::CmdOk_Click()
 {
     QStringList sets, holds;
     for (int k = 0; k < m_rights.size(); ++k) {
-        const qint32 changed = m_rights[k] ^ m_read[k];
-        if (changed == 0)
+        if (m_rights[k] == m_read[k])
             continue;
-        const QString stored = QStringLiteral("Coalesce(") + m_columns[k] + QStringLiteral(",0)");
-        const QString mine = QString::number(m_rights[k] & changed);
-        sets << QStringLiteral("%1=(%2 & ~(%3)) | %4").arg(m_columns[k], stored).arg(changed).arg(mine);
-        holds << QStringLiteral("(%1 & %2) In (%3,%4)").arg(stored).arg(changed).arg(m_read[k] & changed).arg(mine);
+        sets << m_columns[k] + u'=' + QString::number(m_rights[k]);
+        holds << QStringLiteral("Coalesce(%1,0)=%2").arg(m_columns[k]).arg(m_read[k]);
     }
     if (sets.isEmpty())
         return accept();
@@ -176,7 +173,7 @@ void FrPms::CmdOk_Click()
     accept();
 }
 
-// Another desk set a right of this group that this desk changed too, or
+// Another desk changed a menu bar's rights that this desk changed too, or
 // deleted the group: the clerk is told and sees the rights as they are now.
 void FrPms::changedElsewhere()
 {

@@ -3,8 +3,8 @@
 
 // The menu rights of one user group: for each menu bar of table Menu, which of
 // its sub-menus the group may use. Changes are kept until Ghi writes them in
-// one statement, which sets only the rights changed here and only where no
-// other desk set them otherwise meanwhile.
+// one statement, which sets only the menu bars changed here and only where no
+// other desk changed them meanwhile.
 
 #include <QDialog>
 

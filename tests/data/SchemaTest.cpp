@@ -60,3 +60,25 @@ TEST_P(SchemaTest, AFailureLeavesTheDatabaseAsItWas)
     EXPECT_EQ(counts(), ",,,,1,,");
     EXPECT_EQ(test::errorNumberOf([] { CreateTables(QSqlDatabase()); }), Error::TypeMismatch);
 }
+
+// A database written by desks without the unique keys may hold duplicates:
+// the upgrade reports them and deletes nothing, and a later call makes the
+// keys once they are put right. Then no desk can add a name twice.
+TEST_P(SchemaTest, UniqueKeysAreMadeWhereNoRowBreaksThemAndTheRestReported)
+{
+    db.createLibraryTables();   // the tables of version 1, as a host made them before
+    db.exec(u"Insert Into [User]([Name],[Dec],IdGroup,[Password]) Values('An', 'x', 8, 1), ('an', 'y', 8, 1), ('Bình', 'z', 8, 1)"_s);
+    db.exec(u"Insert Into Options Values('Kho', 'k', '1', Null), ('Kho', 'K', '2', Null)"_s);
+    const QStringList report = CreateTables(db.db());
+    ASSERT_EQ(report.size(), 2);
+    EXPECT_TRUE(report[0].startsWith(u"Người sử dụng trùng tên: "_s) && report[0].endsWith(u"(2 dòng)"_s)) << report[0].toStdString();
+    EXPECT_TRUE(report[1].startsWith(u"Thiết lập trùng khoá: Kho / "_s)) << report[1].toStdString();
+    EXPECT_EQ(db.scalar(u"Select Count(*) From [User]"_s).toInt(), 3);   // nothing deleted
+
+    db.exec(u"Update [User] Set [Name]='An Hoà' Where [Dec]='y'"_s);
+    db.exec(u"Delete From Options Where KeyValue='2'"_s);
+    EXPECT_EQ(CreateTables(db.db()), QStringList());
+    QSqlQuery query(db.db());
+    EXPECT_FALSE(query.exec(DriverSql(db.db(), u"Insert Into [User]([Name]) Values('BÌNH')"_s)));   // case-blind, as the logon
+    EXPECT_FALSE(query.exec(DriverSql(db.db(), u"Insert Into Options([Section],KeyName) Values('kho', 'k')"_s)));
+}

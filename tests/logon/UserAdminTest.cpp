@@ -218,3 +218,36 @@ TEST_P(UserAdminTest, AMissingTableIsToldAndNothingBreaks)
     EXPECT_TRUE(shown.value(0).startsWith(u"Thông báo|"_s) && shown.value(0).contains(u"user"_s, Qt::CaseInsensitive))
         << shown.value(0).toStdString();   // the engine's own words
 }
+
+// Another desk changes or deletes the user while this desk's editor is open:
+// the editor is told and writes nothing; a deleted user is never written back.
+TEST_P(UserAdminTest, AnEditMeetsAnotherDesksChangeAndIsTold)
+{
+    const struct {
+        const char *meanwhile;
+        QString told;
+        const char *description;   // thu's afterwards, "" when thu is gone
+    } cases[] = {
+        {"Update [User] Set [Dec]='Thủ kho chính' Where Code=5",
+         u"User Information|Người sử dụng này vừa được sửa ở máy khác. Thông tin hiện tại đã được hiện lại; hãy sửa lại rồi ghi."_s,
+         "Thủ kho chính"},
+        {"Delete From [User] Where Code=5", u"User Information|Người sử dụng này vừa bị xoá ở máy khác."_s, ""},
+    };
+    for (const auto &c : cases) {
+        users([&](QTreeView *list) {
+            select(list, u"5"_s);
+            test::whenModalShows([&](QWidget *editor) {
+                db.exec(QString::fromUtf8(c.meanwhile));
+                retype(box(editor, "TxtDes"), u"Kho lạnh"_s);
+                EXPECT_EQ(okAndRead(editor), c.told);
+                if (editor->isVisible()) {
+                    EXPECT_EQ(box(editor, "TxtDes")->text(), QString::fromUtf8(c.description));   // as it is now
+                    click(editor, "CMDCAN");
+                }
+            }, 5000, "FrmInput");
+            click(list->window(), "CmdEdit");
+            click(list->window(), "CmdExit");
+        });
+        EXPECT_EQ(db.scalar(u"Select Coalesce(Max([Dec]), '') From [User] Where Code=5"_s).toString(), QString::fromUtf8(c.description));
+    }
+}
