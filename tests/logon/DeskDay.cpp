@@ -88,6 +88,13 @@ QLineEdit *box(QWidget *form, const char *name)
     return form->findChild<QLineEdit *>(QLatin1String(name));
 }
 
+// A clerk's next click comes in a later turn of the event loop.
+void nextClerkAction()
+{
+    QCoreApplication::processEvents();
+    told.clear();
+}
+
 bool serverTrouble(const QStringList &messages)
 {
     return messages.join(u'\n').contains(QStringLiteral("máy chủ"))
@@ -106,7 +113,9 @@ struct Desk {
     {
         for (int tries = 0; tries < 600; ++tries) {
             const bool afterRestart = QFile::exists(markers + QStringLiteral("/up"));
-            told.clear();
+            if (!afterRestart)
+                lateFailures = 0;   // the server is going down again
+            nextClerkAction();
             if (attempt())
                 return;
             for (const QString &message : told)
@@ -118,7 +127,7 @@ struct Desk {
             if (afterRestart && ++lateFailures > 1)
                 print(QStringLiteral("late ") + action);
             QThread::msleep(100);
-            QCoreApplication::processEvents();   // the clerk's next action is a later turn of the event loop
+            nextClerkAction();
         }
         print(QStringLiteral("silent ") + action);
     }
@@ -165,7 +174,8 @@ struct Desk {
             editor.UserName = QStringLiteral("chung");
             editor.PreLoad();
             for (int conflicts = 0; conflicts < 50 && editor.result() != QDialog::Accepted; ++conflicts) {
-                told.clear();
+                if (conflicts > 0)
+                    nextClerkAction();   // what opening the dialog told still counts for the first try
                 QLineEdit *description = box(&editor, "TxtDes");
                 description->setText(description->text() + u' ' + mark);
                 button(&editor, "CMDOK")->click();
@@ -184,7 +194,8 @@ struct Desk {
             FmGrp groups;
             auto *list = groups.findChild<QListWidget *>(QStringLiteral("Lv1"));
             for (int conflicts = 0; conflicts < 50; ++conflicts) {
-                told.clear();
+                if (conflicts > 0)
+                    nextClerkAction();   // what opening the dialog told still counts for the first try
                 for (int row = 0; row < list->count(); ++row) {
                     if (list->item(row)->data(Qt::UserRole).toInt() == code)
                         list->setCurrentRow(row);
@@ -212,7 +223,8 @@ struct Desk {
             if (!told.isEmpty())
                 return false;   // the server is away
             for (int conflicts = 0; conflicts < 50 && rights.result() != QDialog::Accepted; ++conflicts) {
-                told.clear();
+                if (conflicts > 0)
+                    nextClerkAction();   // what opening the dialog told still counts for the first try
                 bars->setCurrentRow(bar);
                 if (items->count() <= bit)
                     return false;   // the items were not read: the server is away
