@@ -5,6 +5,7 @@
 #include "data/General.h"
 #include "data/KeyPreview.h"
 #include "data/Database.h"
+#include "data/PrefixIndex.h"
 #include "data/PrefixMatcher.h"
 #include "data/TextFold.h"
 #include "search/MFind.h"
@@ -22,6 +23,9 @@
 #include <QPushButton>
 #include <QStringListModel>
 #include <QVBoxLayout>
+
+#include <atomic>
+#include <thread>
 
 namespace zolt {
 
@@ -78,7 +82,48 @@ FmSelHang::FmSelHang(QWidget *parent)
     lv1IP->installEventFilter(this);   // after the key preview, so that it sees Enter first
 }
 
+// The names' indexes for both folds, built one after the other on a thread
+// of their own from a copy of the list (which shares the names, never copies
+// them). FindString asks for the one it needs and scans while it is not ready.
+class FmSelHang::NameIndexes {
+public:
+    explicit NameIndexes(const QStringList &names)
+        : m_thread([this, names] {
+            m_bare = std::make_unique<PrefixIndex>(names, BareFold());
+            m_bareReady.store(true, std::memory_order_release);
+            m_case = std::make_unique<PrefixIndex>(names, CaseFold());
+            m_caseReady.store(true, std::memory_order_release);
+        })
+    {
+    }
+    ~NameIndexes() { Wait(); }
+
+    void Wait()
+    {
+        if (m_thread.joinable())
+            m_thread.join();
+    }
+    // The index for the fold, or none while it is being built.
+    const PrefixIndex *For(const char16_t *fold) const
+    {
+        if (fold == BareFold())
+            return m_bareReady.load(std::memory_order_acquire) ? m_bare.get() : nullptr;
+        return m_caseReady.load(std::memory_order_acquire) ? m_case.get() : nullptr;
+    }
+
+private:
+    std::unique_ptr<PrefixIndex> m_bare, m_case;
+    std::atomic<bool> m_bareReady{false}, m_caseReady{false};
+    std::thread m_thread;   // last: started once the rest is in place
+};
+
 FmSelHang::~FmSelHang() = default;
+
+void FmSelHang::WaitUntilIndexed()
+{
+    if (m_indexes)
+        m_indexes->Wait();
+}
 
 int FmSelHang::exec()
 {
@@ -130,6 +175,8 @@ qint32 FmSelHang::ReadInfo(const QString &Sql)
         for (QString &name : names)
             name = name.normalized(QString::NormalizationForm_C);
         m_binder->AppendItems(names, codes);
+        m_indexes.reset();   // waits for the index of the list before
+        m_indexes = std::make_unique<NameIndexes>(m_names->stringList());
     }
     return 0;
 }
@@ -137,6 +184,8 @@ qint32 FmSelHang::ReadInfo(const QString &Sql)
 qint32 FmSelHang::FindString(const QString &St) const
 {
     const PrefixMatcher typed(St, m_accentBlind);
+    if (const PrefixIndex *index = m_indexes ? m_indexes->For(typed.Fold()) : nullptr)
+        return index->First(typed.Typed());
     const QStringList &names = m_names->stringList();
     for (qsizetype i = 0; i < names.size(); ++i) {
         if (typed.Matches(names[i]))

@@ -7,6 +7,8 @@
 
 #include <QDialog>
 
+#include <memory>
+
 class QGroupBox;
 class QLabel;
 class QLineEdit;
@@ -41,7 +43,11 @@ public:
     // Fills the list from the query; 0, or the error number of its open.
     qint32 ReadInfo(const QString &Sql);
     // The first row whose name begins with St (see PrefixMatcher); -1 when none.
+    // Answered from an index of the names once it is built (on a thread of
+    // its own after each load), by looking at every name until then.
     qint32 FindString(const QString &St) const;
+    // Waits until the index of the names loaded last is built.
+    void WaitUntilIndexed();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -51,6 +57,8 @@ private:
     void choose();
     void selectRow(int row);
 
+    class NameIndexes;
+    std::unique_ptr<NameIndexes> m_indexes;
     bool m_accentBlind = true;
     clsListBox *m_binder;
     QStringListModel *m_names;

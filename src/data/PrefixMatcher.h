@@ -29,6 +29,10 @@ public:
         return true;
     }
 
+    // The typed text folded, and the fold it was folded by.
+    QStringView Typed() const { return m_typed; }
+    const char16_t *Fold() const { return m_fold; }
+
 private:
     QString m_typed;           // folded as m_fold folds
     const char16_t *m_fold;    // the fold of every UTF-16 code unit

@@ -51,13 +51,17 @@ TEST_P(FmSelHangTest, TypingSelectsTheFirstNameThatBeginsSoAccentsAsideWhenNoneA
         {u"Nguye\u0302\u0303n"_s, u"Nguyễn Văn An"_s} /* decomposed, as an input method sends it */,
         {u"banh"_s, u"Bánh dẻo"_s}, {u"bánh d"_s, u"Bánh dẻo"_s} /* stored decomposed, shown composed */,
         {u"z"_s, QString()}};
-    EXPECT_EQ(pick([&](QWidget *form) {
-        for (const auto &[typed, name] : cases) {
-            test::retype(child<QLineEdit>(form, "TxtSelH"), typed);
-            EXPECT_EQ(selected(form), name) << typed.toStdString();
-        }
-        test::click(form, "CmdSel");
-    }), "");   // the last text matched nothing: nothing is chosen
+    for (const bool indexed : {false, true}) {   // looked up name by name, then in the index
+        EXPECT_EQ(pick([&](QWidget *form) {
+            if (indexed)
+                qobject_cast<FmSelHang *>(form)->WaitUntilIndexed();
+            for (const auto &[typed, name] : cases) {
+                test::retype(child<QLineEdit>(form, "TxtSelH"), typed);
+                EXPECT_EQ(selected(form), name) << typed.toStdString() << (indexed ? " indexed" : "");
+            }
+            test::click(form, "CmdSel");
+        }), "");   // the last text matched nothing: nothing is chosen
+    }
 
     db.exec(u"Insert Into Options Values('Config', 'AccentBlindSearch', '0', Null)"_s);
     pick([](QWidget *form) {
