@@ -6,7 +6,8 @@
 
 #include <benchmark/benchmark.h>
 
-#include <array>
+#include <algorithm>
+#include <chrono>
 #include <cstdio>
 #include <malloc.h>
 #include <map>
@@ -17,28 +18,19 @@ namespace zolt::bench {
 
 namespace {
 
-std::vector<std::array<const char *, 3>> &declared()
+// Each ratio's values, one per iteration of the last run of its benchmark.
+std::map<std::string, std::vector<double>> &ratios()
 {
-    static std::vector<std::array<const char *, 3>> ratios;   // name, measured, baseline
-    return ratios;
+    static std::map<std::string, std::vector<double>> values;
+    return values;
 }
 
-// The console's report, and each benchmark's seconds per iteration.
-class Reporter : public benchmark::ConsoleReporter {
-public:
-    Reporter()
-        : ConsoleReporter(OO_Tabular)   // no colours: the ratio lines start their lines
-    {
-    }
-
-    void ReportRuns(const std::vector<Run> &runs) override
-    {
-        ConsoleReporter::ReportRuns(runs);
-        for (const Run &run : runs)
-            seconds[run.benchmark_name()] = run.real_accumulated_time / double(run.iterations);
-    }
-    std::map<std::string, double> seconds;
-};
+double seconds(const std::function<void()> &work)
+{
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
 
 } // namespace
 
@@ -57,20 +49,35 @@ QSqlDatabase Database(const QString &name, const std::function<void(QSqlQuery &)
     return db;
 }
 
-std::map<std::string, double> &measured()
+void InTurn(benchmark::State &state, const std::string &name, const std::function<void()> &library,
+            const std::function<void()> &baseline, const std::function<void()> &prepare)
 {
-    static std::map<std::string, double> ratios;
-    return ratios;
-}
-
-void MeasuredRatio(const std::string &name, double ratio)
-{
-    measured()[name] = ratio;
-}
-
-Ratio::Ratio(const char *name, const char *measured, const char *baseline)
-{
-    declared().push_back({name, measured, baseline});
+    const auto timed = [&](const std::function<void()> &work) {
+        if (prepare)
+            prepare();
+        return seconds(work);
+    };
+    std::vector<double> &values = ratios()[name];
+    values.clear();   // benchmark runs a benchmark more than once to find its iterations: the last run counts
+    bool libraryFirst = true;
+    double ourTotal = 0, plainTotal = 0;
+    for (auto _ : state) {
+        double ours = 0, plain = 0;
+        if (libraryFirst) {
+            ours = timed(library);
+            plain = timed(baseline);
+        } else {
+            plain = timed(baseline);
+            ours = timed(library);
+        }
+        libraryFirst = !libraryFirst;
+        state.SetIterationTime(ours + plain);   // a fast library beside a slow baseline still ends
+        ourTotal += ours;
+        plainTotal += plain;
+        values.push_back(ours / plain);
+    }
+    state.counters["library_ms"] = benchmark::Counter(ourTotal * 1000, benchmark::Counter::kAvgIterations);
+    state.counters["baseline_ms"] = benchmark::Counter(plainTotal * 1000, benchmark::Counter::kAvgIterations);
 }
 
 } // namespace zolt::bench
@@ -85,14 +92,15 @@ int main(int argc, char **argv)
     mallopt(M_TRIM_THRESHOLD, 256 << 20);
     QApplication app(argc, argv);
     benchmark::Initialize(&argc, argv);
-    zolt::bench::Reporter reporter;
+    benchmark::ConsoleReporter reporter(benchmark::ConsoleReporter::OO_Tabular);   // no colours before the ratio lines
     benchmark::RunSpecifiedBenchmarks(&reporter);
-    for (const auto &[name, measured, baseline] : zolt::bench::declared()) {
-        if (reporter.seconds.count(measured) && reporter.seconds.count(baseline))
-            std::printf("ratio %s %.2f\n", name, reporter.seconds[measured] / reporter.seconds[baseline]);
+    for (auto &[name, values] : zolt::bench::ratios()) {
+        if (values.empty())
+            continue;
+        std::sort(values.begin(), values.end());
+        std::printf("ratio %s %.2f min %.2f max %.2f rounds %zu\n", name.c_str(), values[values.size() / 2], values.front(),
+                    values.back(), values.size());
     }
-    for (const auto &[name, ratio] : zolt::bench::measured())
-        std::printf("ratio %s %.2f\n", name.c_str(), ratio);
     benchmark::Shutdown();
     return 0;
 }

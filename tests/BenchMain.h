@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// Every benchmark runs beside its baseline, the same work done the plainest
-// way; after the run each declared ratio is printed as "ratio <name> <value>",
-// the benchmark's time over its baseline's.
+// Every benchmark times the library beside its baseline, the same work done
+// the plainest way, and prints "ratio <name> <value>" with its spread: the
+// library's time over the baseline's.
 
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QString>
+
+#include <benchmark/benchmark.h>
 
 #include <functional>
 #include <string>
@@ -18,13 +20,14 @@ namespace zolt::bench {
 // transaction) and open for the rest of the run.
 QSqlDatabase Database(const QString &name, const std::function<void(QSqlQuery &)> &fill);
 
-struct Ratio {
-    Ratio(const char *name, const char *measured, const char *baseline);
-};
-
-// A ratio a benchmark measured itself, timing its work and its baseline in
-// turn within each iteration (where the two would drift apart if run one
-// after the other, as on a shared server); the last run's value is printed.
-void MeasuredRatio(const std::string &name, double ratio);
+// Times the library's work and its baseline in turn within each iteration
+// (the first of the two alternating), so that both meet the same machine: a
+// change of load moves both. Each iteration's ratio is kept; after the run
+// "ratio <name> <median> min <min> max <max> rounds <n>" is printed. Register
+// the benchmark with ->UseManualTime(): its time is the two together, and the
+// counters library_ms and baseline_ms are each one's. prepare, when given,
+// runs untimed before each of the two.
+void InTurn(benchmark::State &state, const std::string &name, const std::function<void()> &library,
+            const std::function<void()> &baseline, const std::function<void()> &prepare = {});
 
 } // namespace zolt::bench

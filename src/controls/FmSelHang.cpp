@@ -89,14 +89,19 @@ class FmSelHang::NameIndexes {
 public:
     explicit NameIndexes(const QStringList &names)
         : m_thread([this, names] {
-            m_bare = std::make_unique<PrefixIndex>(names, BareFold());
-            m_bareReady.store(true, std::memory_order_release);
-            m_case = std::make_unique<PrefixIndex>(names, CaseFold());
-            m_caseReady.store(true, std::memory_order_release);
+            m_bare = std::make_unique<PrefixIndex>(names, BareFold(), &m_stop);
+            m_bareReady.store(!m_stop, std::memory_order_release);
+            m_case = std::make_unique<PrefixIndex>(names, CaseFold(), &m_stop);
+            m_caseReady.store(!m_stop, std::memory_order_release);
         })
     {
     }
-    ~NameIndexes() { Wait(); }
+    // A list closed or loaded again does not wait for an index it no longer needs.
+    ~NameIndexes()
+    {
+        m_stop = true;
+        Wait();
+    }
 
     void Wait()
     {
@@ -113,7 +118,7 @@ public:
 
 private:
     std::unique_ptr<PrefixIndex> m_bare, m_case;
-    std::atomic<bool> m_bareReady{false}, m_caseReady{false};
+    std::atomic<bool> m_bareReady{false}, m_caseReady{false}, m_stop{false};
     std::thread m_thread;   // last: started once the rest is in place
 };
 
@@ -175,7 +180,7 @@ qint32 FmSelHang::ReadInfo(const QString &Sql)
         for (QString &name : names)
             name = name.normalized(QString::NormalizationForm_C);
         m_binder->AppendItems(names, codes);
-        m_indexes.reset();   // waits for the index of the list before
+        m_indexes.reset();   // stops building the index of the list before
         m_indexes = std::make_unique<NameIndexes>(m_names->stringList());
     }
     return 0;

@@ -6,9 +6,10 @@
 
 namespace zolt {
 
-PrefixIndex::PrefixIndex(const QStringList &names, const char16_t *fold)
+PrefixIndex::PrefixIndex(const QStringList &names, const char16_t *fold, const std::atomic<bool> *stop)
     : m_names(names)
     , m_fold(fold)
+    , m_stop(stop)
     , m_sorted(size_t(names.size()))
 {
     std::iota(m_sorted.begin(), m_sorted.end(), 0);
@@ -34,6 +35,8 @@ int PrefixIndex::unitAt(qint32 position, qsizetype depth) const
 void PrefixIndex::sort(qint32 *begin, qsizetype count, qsizetype depth)
 {
     while (count > 1) {
+        if (m_stop && m_stop->load(std::memory_order_relaxed))
+            return;
         const int pivot = unitAt(begin[count / 2], depth);
         qsizetype less = 0, greater = count, i = 0;
         while (i < greater) {

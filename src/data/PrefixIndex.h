@@ -9,6 +9,7 @@
 #include <QStringList>
 #include <QStringView>
 
+#include <atomic>
 #include <vector>
 
 namespace zolt {
@@ -16,7 +17,9 @@ namespace zolt {
 class PrefixIndex {
 public:
     // fold: one of TextFold's tables, the one typed text will be folded by.
-    PrefixIndex(const QStringList &names, const char16_t *fold);
+    // Building stops early, leaving an index not to be asked, once *stop is
+    // set (from another thread: its owner no longer needs it).
+    PrefixIndex(const QStringList &names, const char16_t *fold, const std::atomic<bool> *stop = nullptr);
 
     // The smallest position whose name begins with typed (already folded by
     // the same fold); -1 when none does.
@@ -29,6 +32,7 @@ private:
 
     QStringList m_names;       // shared with the list, never copied
     const char16_t *m_fold;
+    const std::atomic<bool> *m_stop;
     std::vector<qint32> m_sorted;   // positions, by folded name
     std::vector<qint32> m_smallest; // m_smallest[n + k] = m_sorted[k]; each inner node the smaller of its two
 };

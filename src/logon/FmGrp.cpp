@@ -49,6 +49,7 @@ FmGrp::FmGrp(QWidget *parent)
     Lv1 = Named(new QListWidget(this), "Lv1");
     Lv1->setSelectionMode(QAbstractItemView::ExtendedSelection);
     Lv1->setFixedWidth(330);
+    Lv1->setUniformItemSizes(true);   // one line each: thousands of groups are not each laid out
     Frame1 = Named(new QGroupBox(QStringLiteral("Thông tin"), this), "Frame1");
     Label1 = Named(new QLabel(QStringLiteral("Tên nhóm"), Frame1), "Label1");
     TxtName = Named(new QLineEdit(Frame1), "TxtName");

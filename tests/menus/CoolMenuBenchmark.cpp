@@ -15,37 +15,44 @@ using namespace zolt;
 
 namespace {
 
-void paintMenu(benchmark::State &state, bool cool)
+// A window with a menu of 1,000 items, made untimed before each showing.
+std::unique_ptr<QMainWindow> menuWindow()
+{
+    auto window = std::make_unique<QMainWindow>();
+    QMenu *menu = window->menuBar()->addMenu(QStringLiteral("&Danh mục"));
+    for (int i = 0; i < 1000; ++i) {
+        QAction *item = menu->addAction(QStringLiteral("Mặt hàng số %1").arg(i));
+        item->setStatusTip(QStringLiteral("Xem mặt hàng số %1").arg(i));
+    }
+    return window;
+}
+
+// The menu shown and painted for the first time.
+void paint(QMainWindow *window)
+{
+    QMenu *menu = window->menuBar()->actions().first()->menu();
+    menu->popup(QPoint(0, 0));
+    benchmark::DoNotOptimize(menu->grab());
+    menu->hide();
+}
+
+// Installing the library and painting, beside painting as Qt draws it.
+void BM_CoolMenu(benchmark::State &state)
 {
     HelpCallBack help;
     clsCoolMenu menus;
-    for (auto _ : state) {
-        state.PauseTiming();
-        auto window = std::make_unique<QMainWindow>();
-        QMenu *menu = window->menuBar()->addMenu(QStringLiteral("&Danh mục"));
-        for (int i = 0; i < 1000; ++i) {
-            QAction *item = menu->addAction(QStringLiteral("Mặt hàng số %1").arg(i));
-            item->setStatusTip(QStringLiteral("Xem mặt hàng số %1").arg(i));
-        }
-        state.ResumeTiming();
-        if (cool)
-            menus.Install(window.get(), &help);
-        menu->popup(QPoint(0, 0));
-        benchmark::DoNotOptimize(menu->grab());
-        state.PauseTiming();
-        menu->hide();
-        menus.Uninstall(window.get());
-        window.reset();
-        state.ResumeTiming();
-    }
+    std::unique_ptr<QMainWindow> window;
+    bench::InTurn(state, "menu_1000_items", [&] {
+        menus.Install(window.get(), &help);
+        paint(window.get());
+    }, [&] { paint(window.get()); }, [&] {
+        if (window)
+            menus.Uninstall(window.get());
+        window = menuWindow();
+    });
+    menus.Uninstall(window.get());
 }
 
-void BM_CoolMenu(benchmark::State &state) { paintMenu(state, true); }
-void BM_QtMenu(benchmark::State &state) { paintMenu(state, false); }
-
-BENCHMARK(BM_CoolMenu)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_QtMenu)->Unit(benchmark::kMillisecond);
-
-const bench::Ratio ratios[] = {{"menu_1000_items", "BM_CoolMenu", "BM_QtMenu"}};
+BENCHMARK(BM_CoolMenu)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 } // namespace
