@@ -82,15 +82,18 @@ FmSelHang::FmSelHang(QWidget *parent)
     lv1IP->installEventFilter(this);   // after the key preview, so that it sees Enter first
 }
 
-// The names' indexes for both folds, built one after the other on a thread
-// of their own from a copy of the list (which shares the names, never copies
+// The names' indexes for the folds typed text can take (without marks only
+// while accent-blind search is on), built one after the other on a thread of
+// their own from a copy of the list (which shares the names, never copies
 // them). FindString asks for the one it needs and scans while it is not ready.
 class FmSelHang::NameIndexes {
 public:
-    explicit NameIndexes(const QStringList &names)
-        : m_thread([this, names] {
-            m_bare = std::make_unique<PrefixIndex>(names, BareFold(), &m_stop);
-            m_bareReady.store(!m_stop, std::memory_order_release);
+    NameIndexes(const QStringList &names, bool accentBlind)
+        : m_thread([this, names, accentBlind] {
+            if (accentBlind) {
+                m_bare = std::make_unique<PrefixIndex>(names, BareFold(), &m_stop);
+                m_bareReady.store(!m_stop, std::memory_order_release);
+            }
             m_case = std::make_unique<PrefixIndex>(names, CaseFold(), &m_stop);
             m_caseReady.store(!m_stop, std::memory_order_release);
         })
@@ -181,7 +184,7 @@ qint32 FmSelHang::ReadInfo(const QString &Sql)
             name = name.normalized(QString::NormalizationForm_C);
         m_binder->AppendItems(names, codes);
         m_indexes.reset();   // stops building the index of the list before
-        m_indexes = std::make_unique<NameIndexes>(m_names->stringList());
+        m_indexes = std::make_unique<NameIndexes>(m_names->stringList(), m_accentBlind);
     }
     return 0;
 }

@@ -146,7 +146,6 @@ QString adapt(const QString &sql, const Dialect &dialect)
     return out;
 }
 
-const QString ClosedText = QStringLiteral("Operation is not allowed when the object is closed.");
 const QString UnreachableText = QStringLiteral(
     "Không kết nối được với máy chủ cơ sở dữ liệu. Hãy kiểm tra mạng hoặc máy chủ rồi thử lại.");
 const QString InterruptedText = QStringLiteral(
@@ -191,11 +190,14 @@ bool reopen(QSqlDatabase db)
     return opened;
 }
 
+void (*serverAwayNotice)(const QString &) = nullptr;
+
 } // namespace
 
-namespace {
-void (*serverAwayNotice)(const QString &) = nullptr;
-} // namespace
+QString ClosedConnectionText()
+{
+    return QStringLiteral("Operation is not allowed when the object is closed.");
+}
 
 void SetServerAwayNotice(void (*notice)(const QString &text))
 {
@@ -217,7 +219,7 @@ LibraryStatement RunLibraryStatement(QSqlDatabase db, const QString &sql, Repeat
 {
     if (!db.isOpen()) {
         if (!lostConnections().contains(db.connectionName()))
-            return {QSqlQuery(db), Error::DatabaseFailure, ClosedText};
+            return {QSqlQuery(db), Error::DatabaseFailure, ClosedConnectionText()};
         if (!reopen(db))
             return {QSqlQuery(db), Error::ServerUnreachable, UnreachableText};
     }

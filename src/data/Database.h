@@ -43,6 +43,10 @@ bool BreaksQuotedLiteral(const QString &text);
 // category zolt.sql hears of them).
 bool RunStatement(QSqlQuery &query, const QString &sql);
 
+// What a statement on a connection that is not open is told, as the original
+// runtime said it.
+QString ClosedConnectionText();
+
 // Runs an INSERT, UPDATE or DELETE on db and returns the number of rows it
 // touched; a failure raises zolt::Error with the database failure number and
 // the driver's message, or Error::ServerUnreachable (never repeated: the

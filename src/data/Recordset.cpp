@@ -11,11 +11,6 @@ namespace zolt {
 
 namespace {
 
-QString closedText()
-{
-    return QStringLiteral("Operation is not allowed when the object is closed.");
-}
-
 // A bare table name, bracketed or not, opens as all of that table's rows in
 // its column order; anything else is a statement already.
 QString statementOf(const QString &source)
@@ -52,14 +47,14 @@ void Recordset::Close()
 const QSqlQuery &Recordset::query() const
 {
     if (!m_query)
-        throw Error(Error::DatabaseFailure, closedText());
+        throw Error(Error::DatabaseFailure, ClosedConnectionText());
     return *m_query;
 }
 
 QSqlQuery &Recordset::query()
 {
     if (!m_query)
-        throw Error(Error::DatabaseFailure, closedText());
+        throw Error(Error::DatabaseFailure, ClosedConnectionText());
     return *m_query;
 }
 
@@ -99,7 +94,7 @@ QVariant Recordset::Value(int position) const
     // Checked here rather than through query() and FieldCount(): this is read
     // once a column a row.
     if (!m_query)
-        throw Error(Error::DatabaseFailure, closedText());
+        throw Error(Error::DatabaseFailure, ClosedConnectionText());
     if (position < 0 || position >= m_fieldCount)
         throw Error(Error::ItemNotFound);
     if (!m_onRow)

@@ -214,7 +214,7 @@ QStringList CreateTables(const QSqlDatabase &db)
 {
     UseConnection(db);
     if (!db.isOpen())
-        throw Error(Error::DatabaseFailure, QStringLiteral("Operation is not allowed when the object is closed."));
+        throw Error(Error::DatabaseFailure, ClosedConnectionText());
     scriptFor(db);   // an engine without tables fails before anything runs
     // Several desks on one file read while another writes (a file on one
     // machine; see the guide). The mode stays with the file: a desk that has
