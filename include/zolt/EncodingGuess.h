@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+// Which encoding a text of the old platform most likely holds, judged by how
+// Vietnamese each reading of it looks.
+
+#include <zolt/LegacyText.h>
+
+#include <QList>
+#include <QMap>
+#include <QVariant>
+
+namespace zolt {
+
+struct EncodingGuess {
+    TextEncoding encoding = TextEncoding::Ascii;
+    // The share of the reading's words (those with a letter outside ASCII)
+    // that are Vietnamese syllables, a byte without meaning counting as a
+    // wrong word: 1 reads as Vietnamese throughout, 0 not at all.
+    double score = 1;
+};
+
+// The most likely encoding of one database value: a text (Unicode, or the
+// Windows-1252 reading of TCVN3 or VNI bytes) or bytes (UTF-8, TCVN3, VNI).
+// Where readings look equally Vietnamese, Unicode wins (nothing changes),
+// then TCVN3, then VNI.
+ZOLT_EXPORT EncodingGuess GuessEncoding(const QVariant &value);
+
+struct ColumnGuess {
+    // Ascii when no value has a character outside ASCII; Mixed when more than
+    // one encoding holds a fair share of the others.
+    TextEncoding encoding = TextEncoding::Ascii;
+    double score = 1;   // the mean score of the values of that encoding
+    QMap<TextEncoding, int> counts;   // values of each encoding; Null and empty ones not counted
+};
+
+ZOLT_EXPORT ColumnGuess GuessColumn(const QList<QVariant> &sample);
+
+} // namespace zolt

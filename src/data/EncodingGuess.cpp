@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include <zolt/EncodingGuess.h>
+
+#include "data/VietnameseSyllable.h"
+
+#include <algorithm>
+
+namespace zolt {
+
+namespace {
+
+double scoreOf(const QString &reading, qint32 unconvertible)
+{
+    const SyllableCount count = CountSyllables(reading);
+    const int words = count.words + unconvertible;
+    return words == 0 ? 1.0 : double(count.valid) / words;
+}
+
+bool isAscii(QByteArrayView bytes)
+{
+    return std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+bool isAscii(QStringView text)
+{
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
+}
+
+EncodingGuess best(const QList<EncodingGuess> &readings)
+{
+    // Readings come in order of preference; a later one must look better.
+    EncodingGuess chosen = readings.first();
+    for (const EncodingGuess &reading : readings) {
+        if (reading.score > chosen.score)
+            chosen = reading;
+    }
+    return chosen;
+}
+
+EncodingGuess reading(const QVariant &value, TextEncoding encoding)
+{
+    qint32 unconvertible = 0;
+    const QString text = ToUnicode(value, encoding, false, &unconvertible);
+    return {encoding, scoreOf(text, unconvertible)};
+}
+
+} // namespace
+
+EncodingGuess GuessEncoding(const QVariant &value)
+{
+    if (value.typeId() == QMetaType::QByteArray) {
+        const QByteArray bytes = value.toByteArray();
+        if (isAscii(bytes))
+            return {};
+        const QString utf8 = QString::fromUtf8(bytes);
+        QList<EncodingGuess> readings;
+        if (!utf8.contains(QChar::ReplacementCharacter))
+            readings += {TextEncoding::Unicode, scoreOf(utf8, 0)};
+        readings += reading(value, TextEncoding::Tcvn3);
+        readings += reading(value, TextEncoding::Vni);
+        return best(readings);
+    }
+    const QString text = value.toString();
+    if (isAscii(text))
+        return {};
+    QByteArray bytes;
+    QList<EncodingGuess> readings{{TextEncoding::Unicode, scoreOf(text.normalized(QString::NormalizationForm_C), 0)}};
+    if (AnsiBytes(text, &bytes)) {
+        readings += reading(value, TextEncoding::Tcvn3Ansi);
+        readings += reading(value, TextEncoding::VniAnsi);
+    }
+    return best(readings);
+}
+
+ColumnGuess GuessColumn(const QList<QVariant> &sample)
+{
+    ColumnGuess column;
+    QMap<TextEncoding, double> scores;
+    for (const QVariant &value : sample) {
+        if (value.isNull() || (value.typeId() == QMetaType::QString && value.toString().isEmpty()))
+            continue;
+        const EncodingGuess guess = GuessEncoding(value);
+        ++column.counts[guess.encoding];
+        scores[guess.encoding] += guess.score;
+    }
+    QList<std::pair<int, TextEncoding>> beyondAscii;
+    for (auto count = column.counts.cbegin(); count != column.counts.cend(); ++count) {
+        if (count.key() != TextEncoding::Ascii)
+            beyondAscii += {count.value(), count.key()};
+    }
+    if (beyondAscii.isEmpty())
+        return column;
+    std::sort(beyondAscii.begin(), beyondAscii.end(), std::greater<>());
+    int total = 0;
+    for (const auto &[count, encoding] : beyondAscii)
+        total += count;
+    const auto [most, encoding] = beyondAscii.first();
+    // One odd value among many is the guess being wrong; more is a column
+    // that holds both.
+    const bool mixed = beyondAscii.size() > 1 && beyondAscii[1].first >= std::max(2, total / 20);
+    column.encoding = mixed ? TextEncoding::Mixed : encoding;
+    column.score = scores[encoding] / most;
+    return column;
+}
+
+} // namespace zolt
