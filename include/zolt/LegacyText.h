@@ -25,6 +25,7 @@ enum class TextEncoding {
     Vni,         // VNI-Windows bytes
     VniAnsi,     // VNI-Windows bytes stored as their Windows-1252 reading
     Mixed,       // a column whose rows hold more than one of the above
+    Binary,      // bytes that read as no text at all (a picture): left alone
 };
 
 // The encoding's name as the migration tool takes and prints it ("tcvn3-ansi").

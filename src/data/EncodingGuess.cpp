@@ -26,13 +26,16 @@ bool isAscii(QStringView text)
     return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
 }
 
-EncodingGuess best(const QList<EncodingGuess> &readings)
+// Readings come in order of preference; a later one must look better, and a
+// legacy reading must look Vietnamese in at least half its words to be taken.
+EncodingGuess best(EncodingGuess chosen, const QList<EncodingGuess> &readings)
 {
-    // Readings come in order of preference; a later one must look better.
-    EncodingGuess chosen = readings.first();
+    chosen.tiedWith = chosen.encoding;
     for (const EncodingGuess &reading : readings) {
-        if (reading.score > chosen.score)
-            chosen = reading;
+        if (reading.score > chosen.score && reading.score >= 0.5)
+            chosen = {reading.encoding, reading.score, reading.encoding};
+        else if (reading.score == chosen.score && chosen.tiedWith == chosen.encoding && reading.score > 0)
+            chosen.tiedWith = reading.encoding;
     }
     return chosen;
 }
@@ -53,35 +56,42 @@ EncodingGuess GuessEncoding(const QVariant &value)
         if (isAscii(bytes))
             return {};
         const QString utf8 = QString::fromUtf8(bytes);
-        QList<EncodingGuess> readings;
-        if (!utf8.contains(QChar::ReplacementCharacter))
-            readings += {TextEncoding::Unicode, scoreOf(utf8, 0)};
-        readings += reading(value, TextEncoding::Tcvn3);
-        readings += reading(value, TextEncoding::Vni);
-        return best(readings);
+        const EncodingGuess none{TextEncoding::Binary, 0};
+        const EncodingGuess unicode =
+            utf8.contains(QChar::ReplacementCharacter) ? none : EncodingGuess{TextEncoding::Unicode, scoreOf(utf8, 0)};
+        return best(unicode, {reading(value, TextEncoding::Tcvn3), reading(value, TextEncoding::Vni)});
     }
     const QString text = value.toString();
     if (isAscii(text))
         return {};
+    const EncodingGuess unicode{TextEncoding::Unicode, scoreOf(text.normalized(QString::NormalizationForm_C), 0)};
     QByteArray bytes;
-    QList<EncodingGuess> readings{{TextEncoding::Unicode, scoreOf(text.normalized(QString::NormalizationForm_C), 0)}};
-    if (AnsiBytes(text, &bytes)) {
-        readings += reading(value, TextEncoding::Tcvn3Ansi);
-        readings += reading(value, TextEncoding::VniAnsi);
-    }
-    return best(readings);
+    if (!AnsiBytes(text, &bytes))
+        return unicode;
+    return best(unicode, {reading(value, TextEncoding::Tcvn3Ansi), reading(value, TextEncoding::VniAnsi)});
 }
 
 ColumnGuess GuessColumn(const QList<QVariant> &sample)
 {
     ColumnGuess column;
     QMap<TextEncoding, double> scores;
+    QList<EncodingGuess> ties;
     for (const QVariant &value : sample) {
         if (value.isNull() || (value.typeId() == QMetaType::QString && value.toString().isEmpty()))
             continue;
         const EncodingGuess guess = GuessEncoding(value);
+        if (guess.tiedWith != guess.encoding) {
+            ties << guess;
+            continue;
+        }
         ++column.counts[guess.encoding];
         scores[guess.encoding] += guess.score;
+    }
+    // A tie sides with its legacy encoding where other values hold it.
+    for (const EncodingGuess &tie : ties) {
+        const TextEncoding side = column.counts.contains(tie.tiedWith) ? tie.tiedWith : tie.encoding;
+        ++column.counts[side];
+        scores[side] += tie.score;
     }
     QList<std::pair<int, TextEncoding>> beyondAscii;
     for (auto count = column.counts.cbegin(); count != column.counts.cend(); ++count) {

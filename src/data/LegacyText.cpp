@@ -275,6 +275,7 @@ QString EncodingName(TextEncoding encoding)
     case TextEncoding::Vni: return QStringLiteral("vni");
     case TextEncoding::VniAnsi: return QStringLiteral("vni-ansi");
     case TextEncoding::Mixed: return QStringLiteral("mixed");
+    case TextEncoding::Binary: return QStringLiteral("binary");
     }
     return {};
 }
@@ -282,7 +283,7 @@ QString EncodingName(TextEncoding encoding)
 bool EncodingFromName(const QString &name, TextEncoding *encoding)
 {
     for (TextEncoding e : {TextEncoding::Ascii, TextEncoding::Unicode, TextEncoding::Tcvn3, TextEncoding::Tcvn3Ansi,
-                           TextEncoding::Vni, TextEncoding::VniAnsi, TextEncoding::Mixed}) {
+                           TextEncoding::Vni, TextEncoding::VniAnsi, TextEncoding::Mixed, TextEncoding::Binary}) {
         if (EncodingName(e).compare(name, Qt::CaseInsensitive) == 0) {
             *encoding = e;
             return true;
