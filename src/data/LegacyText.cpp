@@ -142,30 +142,50 @@ const VniPairs &vniPairs()
 // Reads count units through byteOf (a byte, or -1 for a unit no byte gives)
 // and the table; a hole is kept as its Windows-1252 character and counted.
 // Returns false when a unit gives no byte.
+// TCVN3 as the decoder reads it: each byte's character (a hole's
+// Windows-1252 one), and the bytes that need a second look (holes, tones).
+struct Tcvn3Reading {
+    Table chars{};
+    std::array<bool, 256> special{};
+
+    Tcvn3Reading()
+    {
+        for (int b = 0; b < 256; ++b) {
+            const char16_t c = tcvn3Table()[b];
+            chars[b] = c ? c : ansiChar(b);
+            special[b] = c == 0 || isTcvn3Tone(b);
+        }
+    }
+};
+
+// Reads count units through byteOf (a byte, or -1 for a unit no byte gives):
+// one look-up a byte, and a second pass only for text with holes or tones.
+// Returns false when a unit gives no byte.
 template <typename ByteOf>
 bool decodeTcvn3(qsizetype count, ByteOf byteOf, QString *out, qint32 *unconvertible)
 {
-    const Table &table = tcvn3Table();
-    out->resize(count);
+    static const Tcvn3Reading reading;
+    *out = QString(count, Qt::Uninitialized);
     char16_t *to = reinterpret_cast<char16_t *>(out->data());
-    bool tones = false;
-    qint32 holes = 0;
+    bool special = false;
     for (qsizetype i = 0; i < count; ++i) {
         const int b = byteOf(i);
         if (b < 0)
             return false;
-        char16_t c = table[b];
-        if (c == 0) {
-            c = ansiChar(b);
-            ++holes;
-        }
+        to[i] = reading.chars[b];
+        special |= reading.special[b];
+    }
+    if (!special)
+        return true;
+    bool tones = false;
+    for (qsizetype i = 0; i < count; ++i) {
+        const int b = byteOf(i);
         tones |= isTcvn3Tone(b);
-        to[i] = c;
+        if (unconvertible && tcvn3Table()[b] == 0)
+            ++*unconvertible;
     }
     if (tones)
         *out = out->normalized(QString::NormalizationForm_C);
-    if (unconvertible)
-        *unconvertible += holes;
     return true;
 }
 
@@ -174,7 +194,7 @@ bool decodeVni(qsizetype count, ByteOf byteOf, QString *out, qint32 *unconvertib
 {
     const Table &table = vniTable();
     const VniPairs &pairs = vniPairs();
-    out->resize(count);
+    *out = QString(count, Qt::Uninitialized);
     char16_t *to = reinterpret_cast<char16_t *>(out->data());
     qsizetype n = 0;
     qint32 loose = 0;   // mark bytes without their base

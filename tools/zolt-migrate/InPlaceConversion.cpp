@@ -126,9 +126,8 @@ bool convertTable(const Database &d, const TableReport &table, const QString &un
         sets << Quoted(d, columns.fieldName(i)) + QStringLiteral("=?");
     for (const QString &k : key)
         wheres << (k == QLatin1String("ctid") ? QStringLiteral("ctid=?::tid") : k + QStringLiteral("=?"));
-    QSqlQuery update(d.db);
-    update.prepare(QStringLiteral("UPDATE %1 SET %2 WHERE %3").arg(quoted, sets.join(u','), wheres.join(QStringLiteral(" AND "))));
-    // Read every row before writing, so that no update meets the read.
+    // Every row is read before the first write: a read on a server goes on
+    // row by row and would be cut short by another statement.
     QList<QList<QVariant>> rows;
     while (query.next()) {
         QList<QVariant> row(query.record().count());
@@ -137,6 +136,8 @@ bool convertTable(const Database &d, const TableReport &table, const QString &un
         rows << row;
     }
     query.finish();
+    QSqlQuery update(d.db);
+    update.prepare(QStringLiteral("UPDATE %1 SET %2 WHERE %3").arg(quoted, sets.join(u','), wheres.join(QStringLiteral(" AND "))));
     qint32 unconvertible = 0;
     qint64 read = 0;
     for (QList<QVariant> &row : rows) {

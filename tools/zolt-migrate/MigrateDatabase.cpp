@@ -89,17 +89,19 @@ bool IsLibraryTable(const QString &table)
 QString ColumnType(const Database &d, const QSqlField &field, bool asText)
 {
     const bool pg = d.engine != Engine::SQLite;
+    // Text compares without regard to case, as the library's statements expect.
+    const QString text = pg ? QStringLiteral("CITEXT") : QStringLiteral("TEXT COLLATE NOCASE");
     if (asText)
-        return QStringLiteral("TEXT");
+        return text;
     switch (field.metaType().id()) {
     case QMetaType::Int:
     case QMetaType::UInt:
     case QMetaType::Short:
     case QMetaType::UShort:
     case QMetaType::Char:
-    case QMetaType::UChar: return QStringLiteral("INTEGER");
+    case QMetaType::UChar:
     case QMetaType::LongLong:
-    case QMetaType::ULongLong: return QStringLiteral("BIGINT");
+    case QMetaType::ULongLong: return pg ? QStringLiteral("BIGINT") : QStringLiteral("INTEGER");
     case QMetaType::Double:
     case QMetaType::Float: return pg ? QStringLiteral("DOUBLE PRECISION") : QStringLiteral("DOUBLE");
     case QMetaType::Bool: return QStringLiteral("BOOLEAN");
@@ -107,7 +109,7 @@ QString ColumnType(const Database &d, const QSqlField &field, bool asText)
     case QMetaType::QTime: return QStringLiteral("TIME");
     case QMetaType::QDateTime: return QStringLiteral("TIMESTAMP");
     case QMetaType::QByteArray: return pg ? QStringLiteral("BYTEA") : QStringLiteral("BLOB");
-    default: return QStringLiteral("TEXT");
+    default: return text;
     }
 }
 

@@ -42,7 +42,9 @@ qint64 CountRows(const Database &d);
 bool IsLibraryTable(const QString &table);
 
 // A column's type for a CREATE TABLE on the engine, from the type its driver
-// reports; text becomes the engine's text type.
+// reports; text (and asText) becomes text that compares without regard to
+// case: COLLATE NOCASE on SQLite, citext on PostgreSQL (the extension that
+// the library's schema makes; CopyTables makes it where it is missing).
 QString ColumnType(const Database &d, const QSqlField &field, bool asText);
 
 // The tool's journal of tables converted in place, and the prefix of the

@@ -40,7 +40,7 @@ QList<QStringList> rows(const Report &report)
             const auto sample = [&](int i) {
                 return i < column.samples.size() ? column.samples[i] : std::pair<QString, QString>();
             };
-            const bool scored = column.guess.encoding != TextEncoding::Ascii;
+            const bool scored = column.guess.encoding != TextEncoding::Ascii && column.guess.encoding != TextEncoding::Binary;
             rows << QStringList{table.table, column.column, encodingShown(column),
                                 scored ? QString::number(qRound(column.guess.score * 100)) + u'%' : QString(),
                                 QString::number(column.values),

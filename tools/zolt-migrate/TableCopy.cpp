@@ -168,6 +168,8 @@ bool CopyTable(const Database &source, const Database &target, const TableReport
 bool CopyTables(const Database &source, const Database &target, const QList<TableReport> &tables,
                 const QString &unicodeFont, const RowsDone &done, Report *report, QString *error)
 {
+    if (target.engine == Engine::PostgreSQL && !run(target, QStringLiteral("CREATE EXTENSION IF NOT EXISTS citext"), error))
+        return false;
     if (std::any_of(tables.begin(), tables.end(), [](const TableReport &t) { return IsLibraryTable(t.table); })) {
         try {
             report->notes << CreateTables(target.db);
