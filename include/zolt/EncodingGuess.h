@@ -18,10 +18,14 @@ struct EncodingGuess {
     // that are Vietnamese syllables, a byte without meaning counting as a
     // wrong word: 1 reads as Vietnamese throughout, 0 not at all.
     double score = 1;
-    // A legacy encoding whose reading looks just as Vietnamese as the Unicode
-    // one ("hép" is a syllable, and TCVN3 for "hộp"): the value alone cannot
-    // tell. Equal to encoding when there is no such tie.
+    // Another encoding whose reading looks just as Vietnamese ("hép" is a
+    // syllable, and TCVN3 for "hộp"; "Thuû" is VNI for "Thủ" and TCVN3 for
+    // "Thuỷ"): the value alone cannot tell. Equal to encoding when there is
+    // no such tie.
     TextEncoding tiedWith = TextEncoding::Ascii;
+    // TCVN3 that reads as Vietnamese only in capitals: typed for a capitals
+    // font, to be decoded with upper set.
+    bool upper = false;
 };
 
 // The most likely encoding of one database value: a text (Unicode, or the
@@ -34,10 +38,11 @@ ZOLT_EXPORT EncodingGuess GuessEncoding(const QVariant &value);
 struct ColumnGuess {
     // Ascii when no value has a character outside ASCII; Mixed when more than
     // one encoding holds a fair share of the others. Values that read equally
-    // well as Unicode and as a legacy encoding side with the legacy one when
-    // other values are of it, and with Unicode otherwise.
+    // well two ways side with the one more of the other values hold, and
+    // with the preferred one (Unicode, then TCVN3) when neither is held more.
     TextEncoding encoding = TextEncoding::Ascii;
     double score = 1;   // the mean score of the values of that encoding
+    bool upper = false;  // most of them typed for a capitals font
     QMap<TextEncoding, int> counts;   // values of each encoding; Null and empty ones not counted
 };
 

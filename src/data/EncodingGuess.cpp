@@ -33,18 +33,24 @@ EncodingGuess best(EncodingGuess chosen, const QList<EncodingGuess> &readings)
     chosen.tiedWith = chosen.encoding;
     for (const EncodingGuess &reading : readings) {
         if (reading.score > chosen.score && reading.score >= 0.5)
-            chosen = {reading.encoding, reading.score, reading.encoding};
+            chosen = {reading.encoding, reading.score, reading.encoding, reading.upper};
         else if (reading.score == chosen.score && chosen.tiedWith == chosen.encoding && reading.score > 0)
             chosen.tiedWith = reading.encoding;
     }
     return chosen;
 }
 
+// TCVN3 is read for a capitals font too: its capitals but Ă Â Ê Ô Ơ Ư Đ are
+// lower-case bytes, which read as small letters inside capital words.
 EncodingGuess reading(const QVariant &value, TextEncoding encoding)
 {
     qint32 unconvertible = 0;
     const QString text = ToUnicode(value, encoding, false, &unconvertible);
-    return {encoding, scoreOf(text, unconvertible)};
+    const EncodingGuess plain{encoding, scoreOf(text, unconvertible), encoding};
+    if (encoding != TextEncoding::Tcvn3 && encoding != TextEncoding::Tcvn3Ansi)
+        return plain;
+    const double upperScore = scoreOf(text.toUpper(), unconvertible);
+    return upperScore > plain.score ? EncodingGuess{encoding, upperScore, encoding, true} : plain;
 }
 
 } // namespace
@@ -76,6 +82,7 @@ ColumnGuess GuessColumn(const QList<QVariant> &sample)
     ColumnGuess column;
     QMap<TextEncoding, double> scores;
     QList<EncodingGuess> ties;
+    int upper = 0;
     for (const QVariant &value : sample) {
         if (value.isNull() || (value.typeId() == QMetaType::QString && value.toString().isEmpty()))
             continue;
@@ -86,10 +93,12 @@ ColumnGuess GuessColumn(const QList<QVariant> &sample)
         }
         ++column.counts[guess.encoding];
         scores[guess.encoding] += guess.score;
+        upper += guess.upper;
     }
-    // A tie sides with its legacy encoding where other values hold it.
+    // A tie sides with whichever of its two encodings more of the other values hold.
     for (const EncodingGuess &tie : ties) {
-        const TextEncoding side = column.counts.contains(tie.tiedWith) ? tie.tiedWith : tie.encoding;
+        const TextEncoding side =
+            column.counts.value(tie.tiedWith) > column.counts.value(tie.encoding) ? tie.tiedWith : tie.encoding;
         ++column.counts[side];
         scores[side] += tie.score;
     }
@@ -110,6 +119,7 @@ ColumnGuess GuessColumn(const QList<QVariant> &sample)
     const bool mixed = beyondAscii.size() > 1 && beyondAscii[1].first >= std::max(2, total / 20);
     column.encoding = mixed ? TextEncoding::Mixed : encoding;
     column.score = scores[encoding] / most;
+    column.upper = !mixed && upper * 2 > most;
     return column;
 }
 

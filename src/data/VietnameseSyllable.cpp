@@ -65,13 +65,14 @@ const QSet<QString> &vowelGroups()
 
 const QStringList &finals()
 {
-    static const QStringList list = QStringLiteral("ch ng nh c m n p t").split(u' ');
+    // "k" ends the names of the highlands: Đắk Lắk, Búk.
+    static const QStringList list = QStringLiteral("ch ng nh c k m n p t").split(u' ');
     return list;
 }
 
 bool isStop(QStringView final)
 {
-    return final == u"c" || final == u"ch" || final == u"p" || final == u"t";
+    return final == u"c" || final == u"ch" || final == u"k" || final == u"p" || final == u"t";
 }
 
 // A vowel group and a final: a stop takes only the rising or the heavy tone.

@@ -143,6 +143,11 @@ TEST(LegacyText, EachValueIsGuessedFromHowVietnameseItsReadingLooks)
         EXPECT_EQ(GuessEncoding(vniAnsi(text)).encoding, TextEncoding::VniAnsi) << vniAnsi(text).toStdString();
         EXPECT_EQ(GuessEncoding(EncodeVni(text)).encoding, TextEncoding::Vni);
     }
+    // Typed for a capitals font: the capitals TCVN3 has no byte for read small.
+    const EncodingGuess heading = GuessEncoding(tcvn3Ansi(QStringLiteral("BÁNH KẸO CÁC LOẠI")));
+    EXPECT_EQ(heading.encoding, TextEncoding::Tcvn3Ansi);
+    EXPECT_TRUE(heading.upper);
+    EXPECT_FALSE(GuessEncoding(tcvn3Ansi(QStringLiteral("Bánh kẹo các loại"))).upper);
     EXPECT_EQ(GuessEncoding(QStringLiteral("Nguyen Van Anh")).encoding, TextEncoding::Ascii);
     EXPECT_EQ(GuessEncoding(QStringLiteral("Müller & Söhne")).encoding, TextEncoding::Unicode);
     EXPECT_EQ(GuessEncoding(QStringLiteral("Café crème")).encoding, TextEncoding::Unicode);

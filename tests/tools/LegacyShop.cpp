@@ -22,6 +22,8 @@ const QStringList GoodsNames{u"Gạo tám thơm"_s,   u"Đường kính trắng"
                              u"Kẹo lạc"_s, u"Bánh quy bơ"_s, u"Nước ngọt có ga"_s};
 const QStringList CustomerNames{u"Công ty Hoàng Long"_s, u"Cửa hàng Bình Minh"_s, u"Chị Nguyễn Thị Thuỷ"_s,
                                 u"Anh Trần Văn Đức"_s, u"Siêu thị Hạ Long"_s};
+// Shelf headings, typed for a capitals font (".VnTimeH").
+const QStringList Shelves{u"BÁNH KẸO"_s, u"ĐỒ UỐNG"_s, u"GIA VỊ"_s, u"HÀNG KHÔ"_s};
 const QStringList Notes{u"Giao hàng buổi sáng"_s, u"Thanh toán cuối tháng"_s, u"Khách quen, giảm giá"_s,
                         u"Gọi trước khi giao"_s};
 
@@ -63,14 +65,14 @@ bool makeLibraryTables(Statements &run)
 
 bool addGoods(Statements &run, int goods)
 {
-    if (!run(u"Create Table Goods(Code Text Primary Key, Name Text, Unit Text, Price Double, Picture Blob, Label Blob)"_s))
+    if (!run(u"Create Table Goods(Code Text Primary Key, Name Text, Unit Text, Price Double, Picture Blob, Label Blob, Shelf Text)"_s))
         return false;
     for (int n = 0; n < goods; ++n) {
         QByteArray picture(64, '\0');
         QRandomGenerator(n).fillRange(reinterpret_cast<quint32 *>(picture.data()), 16);
-        if (!run(u"Insert Into Goods Values(?, ?, ?, ?, ?, ?)"_s,
+        if (!run(u"Insert Into Goods Values(?, ?, ?, ?, ?, ?, ?)"_s,
                  {u"H%1"_s.arg(n, 6, 10, QChar(u'0')), Tcvn3Ansi(GoodsName(n)), Tcvn3Ansi(n % 2 ? u"hộp"_s : u"cái"_s),
-                  1000.5 * n, picture, EncodeTcvn3(u"Hàng nội địa "_s + GoodsName(n))}))
+                  1000.5 * n, picture, EncodeTcvn3(u"Hàng nội địa "_s + GoodsName(n)), Tcvn3Ansi(Shelf(n))}))
             return false;
     }
     return true;
@@ -94,6 +96,7 @@ bool addCustomers(Statements &run)
 QString Tcvn3Ansi(const QString &text) { return AnsiText(EncodeTcvn3(text)); }
 QString VniAnsi(const QString &text) { return AnsiText(EncodeVni(text)); }
 QString GoodsName(int n) { return GoodsNames[n % GoodsNames.size()] + u' ' + QString::number(n); }
+QString Shelf(int n) { return Shelves[n % Shelves.size()]; }
 QString CustomerName(int n) { return CustomerNames[n % CustomerNames.size()]; }
 QString CustomerNote(int n) { return Notes[n % Notes.size()]; }
 

@@ -6,7 +6,8 @@
 // every Vietnamese text in TCVN3 read as Windows-1252, but the goods' labels
 // (raw TCVN3 bytes in a BLOB), the customers' names (VNI), their addresses
 // (already Unicode) and notes (some of each); the goods' pictures are bytes
-// that are no text at all.
+// that are no text at all, and their shelves are headings typed for a
+// capitals font.
 
 #include <QSqlDatabase>
 #include <QString>
@@ -18,6 +19,7 @@ QString VniAnsi(const QString &text);
 
 // The Unicode name of the nth item of the goods.
 QString GoodsName(int n);
+QString Shelf(int n);
 QString CustomerName(int n);
 QString CustomerNote(int n);
 

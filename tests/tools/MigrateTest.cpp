@@ -126,11 +126,13 @@ QStringList column(const QSqlDatabase &db, const QString &sql)
 // composed, and every other value as it was.
 void expectConvertedShop(const QSqlDatabase &db, int goods)
 {
-    QStringList names, labels;
+    QStringList names, labels, shelves;
     for (int n = 0; n < goods; ++n) {
         names << test::GoodsName(n);
         labels << u"Hàng nội địa "_s + test::GoodsName(n);
+        shelves << test::Shelf(n);
     }
+    EXPECT_EQ(column(db, u"Select Shelf From Goods Order By Code"_s), shelves);
     EXPECT_EQ(column(db, u"Select Name From Goods Order By Code"_s), names);
     EXPECT_EQ(column(db, u"Select Label From Goods Order By Code"_s), labels);
     QSqlQuery pictures(u"Select Picture From Goods Order By Code Limit 1"_s, db);
@@ -219,7 +221,7 @@ TEST_F(MigrateTest, TheScanFindsEachColumnsEncodingAndShowsSamples)
         {u"Customers.Note"_s, u"mixed"_s},      {u"Customers.Since"_s, u"ascii"_s},
         {u"Goods.Code"_s, u"ascii"_s},          {u"Goods.Label"_s, u"tcvn3 BLOB"_s},
         {u"Goods.Name"_s, u"tcvn3-ansi"_s},     {u"Goods.Picture"_s, u"binary BLOB"_s},
-        {u"Goods.Unit"_s, u"tcvn3-ansi"_s},     {u"Groups.Des"_s, u"ascii"_s},
+        {u"Goods.Unit"_s, u"tcvn3-ansi"_s},     {u"Goods.Shelf"_s, u"tcvn3-ansi upper"_s},     {u"Groups.Des"_s, u"ascii"_s},
         {u"Groups.Name"_s, u"tcvn3-ansi"_s},    {u"LstFld.Desc"_s, u"tcvn3-ansi"_s},
         {u"LstFld.InTable"_s, u"ascii"_s},      {u"LstFld.Name"_s, u"ascii"_s},
         {u"LstFld.Relation"_s, u"ascii"_s},     {u"Menu.Desc"_s, u"ascii"_s},

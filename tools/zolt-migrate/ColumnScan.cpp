@@ -89,6 +89,7 @@ void guess(const Database &d, TableReport &report, const Choices &choices)
     for (int i = 0; i < report.columns.size(); ++i) {
         ColumnReport &column = report.columns[i];
         column.guess = GuessColumn(samples[i]);
+        column.upper = column.upper || column.guess.upper;
         const QString given = key(column.table, column.column);
         column.encoding = choices.encodings.contains(given) ? choices.encodings[given]
                           : choices.encodings.contains(QStringLiteral("*")) && isLegacy(column.guess.encoding)
