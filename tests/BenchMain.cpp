@@ -2,6 +2,7 @@
 #include "BenchMain.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -23,6 +24,50 @@ std::map<std::string, std::vector<double>> &ratios()
 {
     static std::map<std::string, std::vector<double>> values;
     return values;
+}
+
+// The rise of the peak over the size before, and the process's whole peak.
+struct Peak {
+    double rise = 0;
+    double whole = 0;
+};
+
+struct Held {
+    Peak library;
+    Peak baseline;
+    qint64 rows = 0;
+};
+
+std::map<std::string, Held> &memory()
+{
+    static std::map<std::string, Held> values;
+    return values;
+}
+
+// A size in KiB from /proc/self/status ("VmRSS", "VmHWM").
+qint64 statusKiB(const char *field)
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray &line : status.readAll().split('\n')) {
+        if (line.startsWith(field))
+            return line.mid(qstrlen(field) + 1).trimmed().split(' ').value(0).toLongLong();
+    }
+    return 0;
+}
+
+Peak peakBytes(const std::function<void()> &work)
+{
+    malloc_trim(0);
+    QFile clear(QStringLiteral("/proc/self/clear_refs"));
+    if (clear.open(QIODevice::WriteOnly))
+        clear.write("5");   // the peak resident size starts again from the present one
+    clear.close();
+    const qint64 before = statusKiB("VmRSS:");
+    work();
+    const qint64 peak = statusKiB("VmHWM:");
+    return {double(peak - before) * 1024, double(peak) * 1024};
 }
 
 double seconds(const std::function<void()> &work)
@@ -80,6 +125,12 @@ void InTurn(benchmark::State &state, const std::string &name, const std::functio
     state.counters["baseline_ms"] = benchmark::Counter(plainTotal * 1000, benchmark::Counter::kAvgIterations);
 }
 
+void Memory(const std::string &name, const std::function<void()> &library, const std::function<void()> &baseline,
+            qint64 rows)
+{
+    memory()[name] = {peakBytes(library), peakBytes(baseline), rows};
+}
+
 } // namespace zolt::bench
 
 int main(int argc, char **argv)
@@ -100,6 +151,13 @@ int main(int argc, char **argv)
         std::sort(values.begin(), values.end());
         std::printf("ratio %s %.2f min %.2f max %.2f rounds %zu\n", name.c_str(), values[values.size() / 2], values.front(),
                     values.back(), values.size());
+    }
+    for (const auto &[name, held] : zolt::bench::memory()) {
+        std::printf("memory %s library %.1f MB (process %.1f MB) baseline %.1f MB (process %.1f MB) process ratio %.2f\n",
+                    name.c_str(), held.library.rise / 1e6, held.library.whole / 1e6, held.baseline.rise / 1e6,
+                    held.baseline.whole / 1e6, held.library.whole / std::max(1.0, held.baseline.whole));
+        if (held.rows > 0)
+            std::printf("bytes_a_row %s %.0f\n", name.c_str(), held.library.rise / double(held.rows));
     }
     benchmark::Shutdown();
     return 0;

@@ -30,4 +30,14 @@ QSqlDatabase Database(const QString &name, const std::function<void(QSqlQuery &)
 void InTurn(benchmark::State &state, const std::string &name, const std::function<void()> &library,
             const std::function<void()> &baseline, const std::function<void()> &prepare = {});
 
+// The most memory each of the two holds at once, measured once after the
+// timed rounds: the rise of the process's peak resident size (Linux's VmHWM,
+// reset first) over its size before, freed memory given back to the system
+// first, and the process's whole peak. After the ratios "memory <name>
+// library <MB> (process <MB>) baseline <MB> (process <MB>) process ratio <r>"
+// is printed, and with rows "bytes_a_row <name> <n>": the library's rise over
+// the rows.
+void Memory(const std::string &name, const std::function<void()> &library, const std::function<void()> &baseline,
+            qint64 rows = 0);
+
 } // namespace zolt::bench

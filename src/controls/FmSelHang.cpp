@@ -22,6 +22,7 @@
 #include <QListView>
 #include <QPushButton>
 #include <QStringListModel>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <atomic>
@@ -129,8 +130,17 @@ FmSelHang::~FmSelHang() = default;
 
 void FmSelHang::WaitUntilIndexed()
 {
+    startIndexing();
     if (m_indexes)
         m_indexes->Wait();
+}
+
+void FmSelHang::startIndexing()
+{
+    if (!m_indexWaits)
+        return;
+    m_indexWaits = false;
+    m_indexes = std::make_unique<NameIndexes>(m_names->stringList(), m_accentBlind);
 }
 
 int FmSelHang::exec()
@@ -169,7 +179,7 @@ void FmSelHang::done(int result)
 qint32 FmSelHang::ReadInfo(const QString &Sql)
 {
     Recordset rs;
-    if (const qint32 n = OpenQuery(rs, Sql); n != 0)
+    if (const qint32 n = OpenQuery(rs, Sql, Cursor::ForwardOnly); n != 0)
         return n;
     if (HasRows(rs)) {
         m_binder->Clear();
@@ -184,7 +194,8 @@ qint32 FmSelHang::ReadInfo(const QString &Sql)
             name = name.normalized(QString::NormalizationForm_C);
         m_binder->AppendItems(names, codes);
         m_indexes.reset();   // stops building the index of the list before
-        m_indexes = std::make_unique<NameIndexes>(m_names->stringList(), m_accentBlind);
+        m_indexWaits = true;
+        QTimer::singleShot(0, this, &FmSelHang::startIndexing);
     }
     return 0;
 }

@@ -44,9 +44,11 @@ public:
     qint32 ReadInfo(const QString &Sql);
     // The first row whose name begins with St (see PrefixMatcher); -1 when none.
     // Answered from an index of the names once it is built (on a thread of
-    // its own after each load), by looking at every name until then.
+    // its own, started by the event loop's first turn after each load, so
+    // that the list shows first), by looking at every name until then.
     qint32 FindString(const QString &St) const;
-    // Waits until the index of the names loaded last is built.
+    // Starts the index of the names loaded last if it waits for the event
+    // loop, and waits until it is built.
     void WaitUntilIndexed();
 
 protected:
@@ -56,9 +58,11 @@ private:
     void TxtSelH_Change();
     void choose();
     void selectRow(int row);
+    void startIndexing();
 
     class NameIndexes;
     std::unique_ptr<NameIndexes> m_indexes;
+    bool m_indexWaits = false;   // the names loaded last have no index yet
     bool m_accentBlind = true;
     clsListBox *m_binder;
     QStringListModel *m_names;

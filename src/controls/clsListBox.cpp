@@ -113,7 +113,8 @@ void clsListBox::AppendItems(const QStringList &texts, const QStringList &data)
     } else {
         return ItemDataList::AppendItems(texts, data);
     }
-    m_itemData += data;
+    // An empty list takes the data as it is, shared, not copied item by item.
+    m_itemData = m_itemData.isEmpty() ? data : m_itemData + data;
     m_newIndex = ListCount() - 1;
 }
 

@@ -215,7 +215,7 @@ void ReopenLostConnections(bool on)
     reopenAllowed = on;
 }
 
-LibraryStatement RunLibraryStatement(QSqlDatabase db, const QString &sql, Repeat repeat)
+LibraryStatement RunLibraryStatement(QSqlDatabase db, const QString &sql, Repeat repeat, bool forwardOnly)
 {
     if (!db.isOpen()) {
         if (!lostConnections().contains(db.connectionName()))
@@ -224,6 +224,7 @@ LibraryStatement RunLibraryStatement(QSqlDatabase db, const QString &sql, Repeat
             return {QSqlQuery(db), Error::ServerUnreachable, UnreachableText};
     }
     QSqlQuery query(db);
+    query.setForwardOnly(forwardOnly);
     if (RunStatement(query, sql))
         return {std::move(query), 0, QString()};
     if (!serverGone(db))
@@ -233,6 +234,7 @@ LibraryStatement RunLibraryStatement(QSqlDatabase db, const QString &sql, Repeat
     if (repeat == Repeat::Never)
         return {QSqlQuery(db), Error::ServerUnreachable, InterruptedText};
     QSqlQuery again(db);
+    again.setForwardOnly(forwardOnly);
     if (RunStatement(again, sql))
         return {std::move(again), 0, QString()};
     return {QSqlQuery(db), Error::DatabaseFailure, again.lastError().text()};

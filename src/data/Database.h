@@ -68,7 +68,7 @@ struct LibraryStatement {
     QString errorText;
 };
 enum class Repeat { Read, Never };
-LibraryStatement RunLibraryStatement(QSqlDatabase db, const QString &sql, Repeat repeat);
+LibraryStatement RunLibraryStatement(QSqlDatabase db, const QString &sql, Repeat repeat, bool forwardOnly = false);
 
 // How a dialog's read tells the clerk that the server is away: the widgets
 // part installs a message box; without it nothing is shown.

@@ -22,10 +22,11 @@ QString statementOf(const QString &source)
 
 } // namespace
 
-qint32 Recordset::Open(const QString &sql, const QSqlDatabase &db)
+qint32 Recordset::Open(const QString &sql, const QSqlDatabase &db, Cursor cursor)
 {
     Close();
-    LibraryStatement run = RunLibraryStatement(db, DriverSql(db, statementOf(sql)), Repeat::Read);
+    LibraryStatement run = RunLibraryStatement(db, DriverSql(db, statementOf(sql)), Repeat::Read,
+                                               cursor == Cursor::ForwardOnly);
     m_errorText = run.errorText;
     if (run.number != 0)
         return run.number;

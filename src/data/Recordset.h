@@ -15,12 +15,16 @@
 
 namespace zolt {
 
+// How a record set moves: anywhere, or only on (which keeps no copy of the
+// rows passed: a list of a million rows is read once, not held twice).
+enum class Cursor { Scrollable, ForwardOnly };
+
 class Recordset {
 public:
     // Opens the SELECT on db (the library's connection by default); returns 0,
     // or the database failure number when the statement could not run. A bare
     // table name ("Menu", "[Groups]") opens all of that table's rows.
-    qint32 Open(const QString &sql, const QSqlDatabase &db = CurrentConnection());
+    qint32 Open(const QString &sql, const QSqlDatabase &db = CurrentConnection(), Cursor cursor = Cursor::Scrollable);
     void Close();
 
     bool IsOpen() const { return m_query.has_value(); }

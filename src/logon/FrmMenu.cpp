@@ -8,12 +8,12 @@
 #include "logon/FrmInput.h"
 #include "logon/LogonGuard.h"
 #include "logon/QuoteGuard.h"
+#include "logon/UserRows.h"
 #include "msgbox/MdlMsg.h"
 #include "search/MFind.h"
 
 #include <zolt/Error.h>
 
-#include <QAbstractTableModel>
 #include <QDateTime>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -22,80 +22,7 @@
 #include <QTreeView>
 #include <QVBoxLayout>
 
-#include <array>
-
 namespace zolt {
-
-// The users Lv shows, three texts a row and no object per row: the list of a
-// large firm opens as fast as its query. A row's key is its user's code.
-class UserRows : public QAbstractTableModel {
-public:
-    enum Column { NameColumn, DescriptionColumn, CodeColumn, ColumnCount };
-    using Row = std::array<QString, ColumnCount>;
-
-    using QAbstractTableModel::QAbstractTableModel;
-
-    int rowCount(const QModelIndex &parent = {}) const override { return parent.isValid() ? 0 : int(m_rows.size()); }
-    int columnCount(const QModelIndex &parent = {}) const override { return parent.isValid() ? 0 : ColumnCount; }
-
-    QVariant data(const QModelIndex &index, int role) const override
-    {
-        static const QIcon ic1(QStringLiteral(":/zolt/ic1.png"));
-        if (role == Qt::DisplayRole)
-            return m_rows[index.row()][index.column()];
-        if (role == Qt::DecorationRole && index.column() == NameColumn)
-            return ic1;
-        // A user whose name waits after too many refused logons stands out.
-        const bool waiting = m_waiting.contains(m_rows[index.row()][NameColumn].toCaseFolded());
-        if (waiting && role == Qt::ForegroundRole)
-            return QColor(Qt::darkRed);
-        if (waiting && role == Qt::ToolTipRole)
-            return QStringLiteral("Đang phải chờ vì đăng nhập sai quá số lần cho phép");
-        return {};
-    }
-
-    // The names, case folded, that wait before their next logon.
-    void setWaiting(const QSet<QString> &names)
-    {
-        m_waiting = names;
-        if (!m_rows.isEmpty())
-            emit dataChanged(index(0, 0), index(int(m_rows.size()) - 1, ColumnCount - 1));
-    }
-
-    QVariant headerData(int section, Qt::Orientation orientation, int role) const override
-    {
-        static const QString captions[] = {QStringLiteral("Tên"), QStringLiteral("Diễn giải"), QStringLiteral("Mã số")};
-        return orientation == Qt::Horizontal && role == Qt::DisplayRole ? captions[section] : QVariant();
-    }
-
-    const Row &at(int row) const { return m_rows[row]; }
-
-    void append(const QList<Row> &rows)
-    {
-        if (rows.isEmpty())
-            return;
-        beginInsertRows({}, int(m_rows.size()), int(m_rows.size() + rows.size() - 1));
-        m_rows += rows;
-        endInsertRows();
-    }
-
-    void setText(int row, Column column, const QString &text)
-    {
-        m_rows[row][column] = text;
-        emit dataChanged(index(row, column), index(row, column));
-    }
-
-    void remove(int row)
-    {
-        beginRemoveRows({}, row, row);
-        m_rows.removeAt(row);
-        endRemoveRows();
-    }
-
-private:
-    QList<Row> m_rows;
-    QSet<QString> m_waiting;
-};
 
 namespace {
 
@@ -184,24 +111,12 @@ void FrmMenu::CmdRelease_Click()
 
 FrmMenu::~FrmMenu() = default;
 
+// The rows are read as the list shows them (UserRows).
 void FrmMenu::ReadInfo(const QString &TableName)
 {
-    Recordset rs;
-    QList<UserRows::Row> rows;
-    try {
-        if (OpenQuery(rs, TableName) != 0)
-            throw Error(Error::DatabaseFailure, rs.LastErrorText());
-        if (HasRows(rs)) {
-            const int code = rs.FieldPosition(QStringLiteral("Code"));
-            const int name = rs.FieldPosition(QStringLiteral("Name"));
-            const int description = rs.FieldPosition(QStringLiteral("Dec"));
-            for (; !rs.Eof(); rs.MoveNext())
-                rows.append({NullToStr(rs.Value(name)), NullToStr(rs.Value(description)), NullToStr(rs.Value(code))});
-        }
-    } catch (const Error &e) {
-        ShowMgBox(e.description(), 0, Notice);
-    }
-    m_users->append(rows);
+    QString error;
+    if (!m_users->append(TableName, &error))
+        ShowMgBox(error, 0, Notice);
 }
 
 int FrmMenu::selectedRow() const
@@ -251,7 +166,7 @@ void FrmMenu::CmdDel_Click()
     const QString name = m_users->at(row)[UserRows::NameColumn];
     if (LngVal(m_users->at(row)[UserRows::CodeColumn]) == 3)
         return void(ShowMgBox(QStringLiteral("Bạn không thể xoá người sử dụng này mà chỉ có thể đổi tên."), 0, Notice));
-    if (m_users->rowCount() == 1)
+    if (m_users->holdsOne())
         return void(ShowMgBox(QStringLiteral("Bạn không thể xoá người sử dụng còn lại cuối cùng của chương trình"), 0,
                               Notice));
     if (LngVal(ShowMgBox(QStringLiteral("Bạn chắc chắn xoá người sử dụng này"), 4, Notice)) != 6)

@@ -60,9 +60,9 @@ std::optional<QStringList> TypedNumbers(const QString &predicate, const QString 
     return items;
 }
 
-qint32 OpenQuery(Recordset &rs, const QString &sql)
+qint32 OpenQuery(Recordset &rs, const QString &sql, Cursor cursor)
 {
-    const qint32 n = rs.Open(sql, CurrentConnection());
+    const qint32 n = rs.Open(sql, CurrentConnection(), cursor);
     if (n == Error::ServerUnreachable)
         NoticeServerAway(rs.LastErrorText());   // rather than an empty list
     return n;
@@ -87,18 +87,22 @@ void FillList(ItemDataList &list, const QString &order, QString sql)
     if (!order.isEmpty())
         sql += QStringLiteral(" Order By ") + order;
     Recordset rs;
-    if (OpenQuery(rs, sql) != 0)
+    if (OpenQuery(rs, sql, Cursor::ForwardOnly) != 0)
         return;
-    const int remembered = list.ListIndex();
-    list.Clear();
     QStringList texts, data;
+    bool whole = true;
     try {
         ReadRows(rs, texts, data);
-        list.AppendItems(texts, data);
-        list.SetListIndex(remembered < list.ListCount() ? remembered : 0);
     } catch (const Error &) {
-        list.AppendItems(texts, data);   // the list as far as it got
+        whole = false;   // the list as far as it got
     }
+    // Read to the end before the list changes: its Click may run a query of its own.
+    rs.Close();
+    const int remembered = list.ListIndex();
+    list.Clear();
+    list.AppendItems(texts, data);
+    if (whole)
+        list.SetListIndex(remembered < list.ListCount() ? remembered : 0);
 }
 
 void ReadRows(Recordset &rs, QStringList &texts, QStringList &data)

@@ -33,8 +33,10 @@ extern thread_local QStringList FieldRelation;
 extern thread_local QList<qint32> FieldType;
 
 // Opens sql on the library's connection; 0, or the error number of the open.
-// A server that is away is also told to the clerk.
-qint32 OpenQuery(Recordset &rs, const QString &sql);
+// A server that is away is also told to the clerk. A list that reads its rows
+// once, in order, opens forward only; nothing else may run on the connection
+// until it has read them (a server hands such rows over one by one).
+qint32 OpenQuery(Recordset &rs, const QString &sql, Cursor cursor = Cursor::Scrollable);
 // True when the record set has a current row.
 bool HasRows(const Recordset &rs);
 // The number of rows; leaves the record set on its first row.

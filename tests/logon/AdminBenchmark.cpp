@@ -57,18 +57,21 @@ template <typename Dialog, typename View>
 void firstPaint(benchmark::State &state, const std::string &name, const QSqlDatabase &db, const QString &sql)
 {
     SetCurrentConnection(db);
-    bench::InTurn(state, name, [] {
+    const auto library = [] {
         Dialog dialog;
         dialog.show();
         benchmark::DoNotOptimize(dialog.grab());
-    }, [&] {
+    };
+    const auto baseline = [&] {
         QSqlQueryModel model;
         model.setQuery(sql, db);
         View view;
         view.setModel(&model);
         view.show();
         benchmark::DoNotOptimize(view.grab());
-    });
+    };
+    bench::InTurn(state, name, library, baseline);
+    bench::Memory(name, library, baseline);
 }
 
 void BM_UserList(benchmark::State &state)

@@ -251,3 +251,40 @@ TEST_P(UserAdminTest, AnEditMeetsAnotherDesksChangeAndIsTold)
         EXPECT_EQ(db.scalar(u"Select Coalesce(Max([Dec]), '') From [User] Where Code=5"_s).toString(), QString::fromUtf8(c.description));
     }
 }
+
+// A list of many users reads the pages it shows, as a view over a query
+// model does, and gives every row as the whole list would when scrolled to
+// its end; a deleted user's place is taken by the next.
+TEST_P(UserAdminTest, AListOfManyUsersReadsWhatItShowsAndGivesEveryRow)
+{
+    db.exec(u"Delete From [User]"_s);
+    QStringList expected;
+    QString values;
+    for (int code = 1; code <= 1000; ++code) {
+        values += u"%1(%2, 'nv%2', 'Nhân viên %2', 1065, 8)"_s.arg(values.isEmpty() ? u""_s : u","_s).arg(code);
+        expected << u"nv%1|Nhân viên %1|%1"_s.arg(code);
+    }
+    db.exec(u"Insert Into [User] Values"_s + values);
+    users([&](QTreeView *list) {
+        EXPECT_LT(list->model()->rowCount(), 1000);
+        if (db.traced()) {
+            const QString read = db.statements().filter(u"Offset"_s).join(u'\n');
+            EXPECT_TRUE(read.contains(u"Offset 0"_s)) << read.toStdString();
+            EXPECT_FALSE(read.contains(u"Offset 768"_s)) << read.toStdString();   // the last page is not read yet
+        }
+        select(list, u"5"_s);
+        while (list->model()->rowCount() < 1000)
+            QTest::keyClick(list, Qt::Key_End);   // each End reads on at the end...
+        QTest::keyClick(list, Qt::Key_End);       // ...and the last reaches the last user
+        EXPECT_EQ(text(list, list->currentIndex().row(), 2), u"1000"_s);
+        EXPECT_EQ(rows(list), expected);
+        list->setCurrentIndex(list->model()->index(500, 0));
+        QStringList asked;
+        test::answerMessages(&asked, {Qt::Key_C});
+        click(list->window(), "CmdDel");
+        EXPECT_EQ(asked.size(), 1);
+        expected.removeAt(500);
+        EXPECT_EQ(rows(list), expected);
+        click(list->window(), "CmdExit");
+    });
+}

@@ -68,14 +68,20 @@ void readGoods(const QSqlDatabase &db)
 
 void BM_PickListOpen(benchmark::State &state)
 {
-    const QSqlDatabase db = catalogue(int(state.range(0)));
+    const int rows = int(state.range(0));
+    const QSqlDatabase db = catalogue(rows);
     SetCurrentConnection(db);
-    bench::InTurn(state, state.range(0) == 1000000 ? "pick_list_open_1m" : "pick_list_open_100k", [] {
+    const auto library = [] {
         FmSelHang pick;
         pick.ListSql = GoodsSql;
         pick.Load();
-        benchmark::DoNotOptimize(&pick);
-    }, [&] { readGoods(db); });
+        pick.show();
+        benchmark::DoNotOptimize(pick.grab());
+    };
+    const auto baseline = [&] { readGoods(db); };
+    const std::string name = rows == 1000000 ? "pick_list_open_1m" : "pick_list_open_100k";
+    bench::InTurn(state, name, library, baseline);
+    bench::Memory(name, library, baseline, rows);
 }
 
 // The worst case: only the last of a million names begins with the text
