@@ -15,6 +15,7 @@ namespace zolt::test {
 QTimer *whenModalShows(std::function<void(QWidget *)> action, int timeoutMs, const char *name)
 {
     auto *timer = new QTimer(qApp);
+    timer->setObjectName(QStringLiteral("whenModalShows"));   // a test's waits end with it (TestMain)
     auto waited = std::make_shared<QElapsedTimer>();
     waited->start();
     QObject::connect(timer, &QTimer::timeout, timer, [timer, waited, action, timeoutMs, name] {

@@ -10,9 +10,22 @@ using Application = QApplication;
 using Application = QCoreApplication;
 #endif
 
+#include <QTimer>
+
 #include <gtest/gtest.h>
 
 namespace {
+
+// A wait for a dialog that a test set up and that never came ends with the
+// test: else it would act on the next test's dialog, with the first test's
+// variables long gone.
+class EndWaits : public ::testing::EmptyTestEventListener {
+    void OnTestEnd(const ::testing::TestInfo &) override
+    {
+        for (QTimer *wait : qApp->findChildren<QTimer *>(QStringLiteral("whenModalShows"), Qt::FindDirectChildrenOnly))
+            delete wait;
+    }
+};
 
 // What the offscreen platform says of what it cannot do, and of the test
 // machine's session; none of it is the library's.
@@ -43,5 +56,6 @@ int main(int argc, char **argv)
     Application app(argc, argv);
     Application::setApplicationName(QStringLiteral("ZOLT Tests"));
     ::testing::InitGoogleTest(&argc, argv);
+    ::testing::UnitTest::GetInstance()->listeners().Append(new EndWaits);
     return RUN_ALL_TESTS();
 }

@@ -50,7 +50,6 @@ DataCombo1::DataCombo1(QWidget *parent)
 {
     m_cmb1->setObjectName(QStringLiteral("Cmb1"));
     m_cmb2->setObjectName(QStringLiteral("Cmb2"));
-    m_cmb2->setEditable(true);   // its text may hold a value no item carries
     m_cmb2->hide();
     m_cmb1->setMouseTracking(true);
     m_cmb1->installEventFilter(this);
@@ -173,6 +172,10 @@ QString DataCombo1::Value() const
 void DataCombo1::SetValue(const QString &value)
 {
     m_cmb2->setCurrentIndex(m_cmb2->findText(value, Qt::MatchFixedString));
+    // Its text may hold a value no item carries; it takes text only then,
+    // since an editable box costs a line edit for each of a dialog's lists.
+    if (m_cmb2->currentIndex() < 0 && !value.isEmpty())
+        m_cmb2->setEditable(true);
     m_cmb2->setEditText(value);
     m_cmb1->setCurrentIndex(m_cmb2->currentIndex());
     Q_EMIT PropertyChanged(QStringLiteral("Value"));

@@ -94,12 +94,19 @@ void ApplyFormSettings(QWidget *form)
     const int size = IsNumeric(sizeText) ? LngVal(sizeText) : 0;
     if (DefaultFontName.isEmpty())
         DefaultFontName = FallbackFont;
-    for (QWidget *control : form->findChildren<QWidget *>()) {
-        QFont font = control->font();
+    const auto settled = [&](QFont font) {
         font.setFamily(DefaultFontName);
         if (size > 8)
             font.setPointSize(size);
-        control->setFont(font);
+        return font;
+    };
+    // The form's font reaches every control at once; a control with a font
+    // of its own (a bold caption) is given the name and size beside it. A
+    // control set one by one would tell its inner widgets again each time.
+    form->setFont(settled(form->font()));
+    for (QWidget *control : form->findChildren<QWidget *>()) {
+        if (const QFont font = settled(control->font()); font != control->font())
+            control->setFont(font);
     }
 }
 

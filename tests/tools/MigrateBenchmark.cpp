@@ -105,7 +105,7 @@ void migrate_1m(benchmark::State &state)
     };
     bench::InTurn(state, "migrate_1m", convert, plainCopy, [] { run(QStringLiteral("Drop Table If Exists Goods")); });
 }
-BENCHMARK(migrate_1m)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(5);
+BENCHMARK(migrate_1m)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(8);
 
 void decode_tcvn3(benchmark::State &state)
 {
