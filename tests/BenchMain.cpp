@@ -149,8 +149,10 @@ int main(int argc, char **argv)
         if (values.empty())
             continue;
         std::sort(values.begin(), values.end());
-        std::printf("ratio %s %.2f min %.2f max %.2f rounds %zu\n", name.c_str(), values[values.size() / 2], values.front(),
-                    values.back(), values.size());
+        // Two decimals, or two significant digits for a ratio far below one.
+        const auto shown = [](double value) { return QString::number(value, value >= 0.1 ? 'f' : 'g', 2).toStdString(); };
+        std::printf("ratio %s %s min %s max %s rounds %zu\n", name.c_str(), shown(values[values.size() / 2]).c_str(),
+                    shown(values.front()).c_str(), shown(values.back()).c_str(), values.size());
     }
     for (const auto &[name, held] : zolt::bench::memory()) {
         std::printf("memory %s library %.1f MB (process %.1f MB) baseline %.1f MB (process %.1f MB) process ratio %.2f\n",
