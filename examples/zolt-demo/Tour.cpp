@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QAbstractItemView>
 #include <QListWidget>
 #include <QPushButton>
 
@@ -108,7 +109,8 @@ Tour::Tour(const QString &folder)
         {QStringLiteral("FmGrp"), QString(), click("CmdAdd")},
         {QStringLiteral("FmGrp"), QStringLiteral("16-groups-adding"), click("CmdAdd")},
         {QStringLiteral("FmGrp"), QStringLiteral("17-groups"), [](QWidget *groups) {
-             groups->findChild<QListWidget *>(QStringLiteral("Lv1"))->setCurrentRow(1);
+             auto *list = groups->findChild<QAbstractItemView *>(QStringLiteral("Lv1"));
+             list->setCurrentIndex(list->model()->index(1, 0));
              clickLater(groups, "CmdPms");
          }},
         {QStringLiteral("FrPms"), QString(), [](QWidget *rights) {

@@ -9,23 +9,17 @@
 
 namespace zolt {
 
-namespace {
-
-// A bare table name, bracketed or not, opens as all of that table's rows in
-// its column order; anything else is a statement already.
-QString statementOf(const QString &source)
+QString SelectStatement(const QString &source)
 {
     static const QRegularExpression tableName(QStringLiteral(R"(^\s*(\[[^\]]+\]|\w+)\s*$)"));
     const QRegularExpressionMatch m = tableName.match(source);
     return m.hasMatch() ? QStringLiteral("Select * From ") + m.captured(1) : source;
 }
 
-} // namespace
-
 qint32 Recordset::Open(const QString &sql, const QSqlDatabase &db, Cursor cursor)
 {
     Close();
-    LibraryStatement run = RunLibraryStatement(db, DriverSql(db, statementOf(sql)), Repeat::Read,
+    LibraryStatement run = RunLibraryStatement(db, DriverSql(db, SelectStatement(sql)), Repeat::Read,
                                                cursor == Cursor::ForwardOnly);
     m_errorText = run.errorText;
     if (run.number != 0)

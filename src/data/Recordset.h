@@ -15,6 +15,10 @@
 
 namespace zolt {
 
+// A bare table name, bracketed or not, as the statement that selects all of
+// that table's rows in its column order; anything else is a statement already.
+QString SelectStatement(const QString &source);
+
 // How a record set moves: anywhere, or only on (which keeps no copy of the
 // rows passed: a list of a million rows is read once, not held twice).
 enum class Cursor { Scrollable, ForwardOnly };

@@ -9,6 +9,7 @@
 #include "data/Options.h"
 #include "data/SqlFunc.h"
 #include "logon/FrPms.h"
+#include "logon/GroupRows.h"
 #include "logon/QuoteGuard.h"
 #include "msgbox/MdlMsg.h"
 #include "search/MFind.h"
@@ -22,7 +23,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
+#include <QListView>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QTreeWidget>
@@ -46,7 +47,10 @@ FmGrp::FmGrp(QWidget *parent)
     setWindowTitle(QStringLiteral("Groups User"));
     setFont(QFont(QStringLiteral("VK Sans Serif")));
 
-    Lv1 = Named(new QListWidget(this), "Lv1");
+    m_groups = new GroupRows(this);
+    Lv1 = Named(new QListView(this), "Lv1");
+    Lv1->setModel(m_groups);
+    Lv1->setEditTriggers(QAbstractItemView::NoEditTriggers);
     Lv1->setSelectionMode(QAbstractItemView::ExtendedSelection);
     Lv1->setFixedWidth(330);
     Lv1->setUniformItemSizes(true);   // one line each: thousands of groups are not each laid out
@@ -93,7 +97,7 @@ FmGrp::FmGrp(QWidget *parent)
     layout->setRowMinimumHeight(0, 340);
     layout->setSizeConstraint(QLayout::SetFixedSize);
 
-    connect(Lv1, &QListWidget::currentRowChanged, this, &FmGrp::Lv1_Click);
+    connect(Lv1->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &FmGrp::Lv1_Click);
     Lv1->installEventFilter(this);
     connect(TxtName, &QLineEdit::textChanged, this, &FmGrp::CheckWrite);
     connect(CmdAdd, &QPushButton::clicked, this, &FmGrp::CmdAdd_Click);
@@ -113,35 +117,37 @@ FmGrp::FmGrp(QWidget *parent)
 
 FmGrp::~FmGrp() = default;
 
+// The groups are read as the list shows them (GroupRows).
 qint32 FmGrp::ReadInfo(const QString &Sql)
 {
-    Recordset rs;
-    const qint32 n = OpenQuery(rs, Sql);
-    if (!HasRows(rs))
-        return n;
-    const QSignalBlocker quiet(Lv1);
-    Lv1->clear();
-    try {
-        const int code = rs.FieldPosition(QStringLiteral("Code"));
-        const int name = rs.FieldPosition(QStringLiteral("Name"));
-        const int description = rs.FieldPosition(QStringLiteral("Des"));
-        for (; !rs.Eof(); rs.MoveNext())
-            AddListItem(Lv1, LngVal(rs.Value(code)), NullToStr(rs.Value(name)) + u'-' + NullToStr(rs.Value(description)));
-    } catch (const Error &e) {
-        return e.number();
-    }
-    return n;
+    const QSignalBlocker quiet(Lv1->selectionModel());
+    return m_groups->load(Sql);
+}
+
+int FmGrp::currentRow() const
+{
+    return Lv1->currentIndex().isValid() ? Lv1->currentIndex().row() : -1;
+}
+
+void FmGrp::setCurrentRow(int row)
+{
+    Lv1->setCurrentIndex(m_groups->index(row));
+}
+
+qint32 FmGrp::selectedCode() const
+{
+    return m_groups->code(currentRow());
 }
 
 void FmGrp::ViewInit()
 {
-    const QSignalBlocker quiet(Lv1);   // the group is shown once, below
+    const QSignalBlocker quiet(Lv1->selectionModel());   // the group is shown once, below
     if (m_current < 1) {
-        Lv1->setCurrentRow(0);
-        if (SelectedItemData(Lv1) > 0)
-            ViewInfo(SelectedItemData(Lv1));
-    } else if (const int row = FindItemData(Lv1, m_current); row >= 0) {
-        Lv1->setCurrentRow(row);
+        setCurrentRow(0);
+        if (selectedCode() > 0)
+            ViewInfo(selectedCode());
+    } else if (const int row = m_groups->find(m_current); row >= 0) {
+        setCurrentRow(row);
         ViewInfo(m_current);
     }
 }
@@ -219,14 +225,16 @@ bool FmGrp::eventFilter(QObject *watched, QEvent *event)
             CmdDelete_Click();
             return true;
         }
+        if (key->matches(QKeySequence::SelectAll))
+            m_groups->fetchAll();   // every group, not only those shown so far
     }
     return QDialog::eventFilter(watched, event);
 }
 
 void FmGrp::Lv1_Click()
 {
-    if (Lv1->count() > 0)
-        ViewInfo(SelectedItemData(Lv1));
+    if (m_groups->rowCount() > 0)
+        ViewInfo(selectedCode());
     else
         AddRecord();
 }
@@ -260,20 +268,20 @@ void FmGrp::CmdWrite_Click()
         if (WriteData(0) != 0) {
             ShowMgBox(QStringLiteral("Không thể thêm dữ liệu vào bảng") + m_writeFailure, 0, SaveError);
         } else {
-            AddListItem(Lv1, GetMaxValue(m_table, QStringLiteral("Code"), CurrentConnection()), rowText());
+            m_groups->append(GetMaxValue(m_table, QStringLiteral("Code"), CurrentConnection()), rowText());
             AddRecord();
         }
     } else if (const qint32 n = WriteData(m_current); n == Error::NoCurrentRecord) {
         ShowMgBox(QStringLiteral("Nhóm này vừa được sửa hoặc xoá ở máy khác. Danh sách nhóm đã được đọc lại."), 0,
                   SaveError);
         ReadInfo(m_table);
-        if (FindItemData(Lv1, m_current) < 0)
+        if (m_groups->find(m_current) < 0)
             m_current = 0;
         ViewInit();
     } else if (n != 0) {
         ShowMgBox(QStringLiteral("Không thể ghi dữ liệu vào bảng") + m_writeFailure, 0, SaveError);
     } else {
-        SetListText(Lv1, rowText());
+        m_groups->setText(currentRow(), rowText());
     }
     TxtName->setFocus();
 }
@@ -282,13 +290,18 @@ void FmGrp::CmdDelete_Click()
 {
     if (LngVal(ShowMgBox(QStringLiteral("Bạn có chắc chắn xoá các nhóm đã chọn không?"), 4, DeleteTitle)) != 6)
         return;
-    qint32 count = 0;
-    QString codes;
-    {
-        const QSignalBlocker quiet(Lv1);
-        codes = TakeSelected(Lv1, count);
+    QStringList codes;
+    QList<int> rows;
+    for (const QModelIndex &selected : Lv1->selectionModel()->selectedRows()) {
+        rows << selected.row();
+        codes << QString::number(m_groups->code(selected.row()));
     }
-    if (Lv1->count() == 0) {
+    const qint32 count = qint32(rows.size());
+    {
+        const QSignalBlocker quiet(Lv1->selectionModel());
+        m_groups->remove(rows);
+    }
+    if (m_groups->rowCount() == 0) {
         AddRecord();
     } else {
         Lv1_Click();
@@ -297,7 +310,7 @@ void FmGrp::CmdDelete_Click()
     if (codes.isEmpty())
         return;
     try {
-        DeleteData(codes);
+        DeleteData(codes.join(u','));
         ShowMgBox(QString::number(count) + QStringLiteral(" danh mục đã bị xoá"), 0, DeleteTitle);
     } catch (const Error &e) {
         ShowMgBox(e.description(), 0, DeleteTitle);   // nothing was deleted: the list shows the groups again
@@ -308,7 +321,7 @@ void FmGrp::CmdDelete_Click()
 
 void FmGrp::CmdPms_Click()
 {
-    FrPms rights(SelectedItemData(Lv1), this);
+    FrPms rights(selectedCode(), this);
     rights.exec();
 }
 

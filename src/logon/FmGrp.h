@@ -11,11 +11,13 @@
 class QGroupBox;
 class QLabel;
 class QLineEdit;
-class QListWidget;
+class QListView;
 class QPushButton;
 class QTreeWidget;
 
 namespace zolt {
+
+class GroupRows;
 
 class FmGrp : public QDialog {
     Q_OBJECT
@@ -42,13 +44,17 @@ private:
     void CmdDelete_Click();
     void CmdPms_Click();
     QString rowText() const;
+    int currentRow() const;
+    void setCurrentRow(int row);
+    qint32 selectedCode() const;
 
     QString m_table;          // every statement of the dialog names it
     bool m_viewing = true;    // false while a new group is being entered
     qint32 m_current = 0;     // the code of the group shown
     RowSnapshot m_read;       // its name and description as shown
     QString m_writeFailure;   // why the last write failed where the clerk can act on it (the server away)
-    QListWidget *Lv1;
+    GroupRows *m_groups;
+    QListView *Lv1;
     QGroupBox *FrDetail;
     QTreeWidget *lvUser;
     QPushButton *CmdPms;

@@ -192,13 +192,13 @@ struct Desk {
     {
         act(QStringLiteral("rename ") + mark, [&] {
             FmGrp groups;
-            auto *list = groups.findChild<QListWidget *>(QStringLiteral("Lv1"));
+            auto *list = groups.findChild<QAbstractItemView *>(QStringLiteral("Lv1"));
             for (int conflicts = 0; conflicts < 50; ++conflicts) {
                 if (conflicts > 0)
                     nextClerkAction();   // what opening the dialog told still counts for the first try
-                for (int row = 0; row < list->count(); ++row) {
-                    if (list->item(row)->data(Qt::UserRole).toInt() == code)
-                        list->setCurrentRow(row);
+                for (int row = 0; row < list->model()->rowCount(); ++row) {
+                    if (list->model()->index(row, 0).data(Qt::UserRole).toInt() == code)
+                        list->setCurrentIndex(list->model()->index(row, 0));
                 }
                 QLineEdit *name = box(&groups, "TxtName");
                 if (name->text().isEmpty())

@@ -47,27 +47,30 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(Engines, FmGrpTest, ::testing::ValuesIn(test::Engines), test::EngineName);
 
-QListWidget *list(QWidget *form, const char *name = "Lv1") { return child<QListWidget>(form, name); }
+// The groups' list (a view over the groups read so far) and the rights lists.
+QAbstractItemView *list(QWidget *form, const char *name = "Lv1") { return child<QAbstractItemView>(form, name); }
+QModelIndex rowOf(const QAbstractItemView *list, int row) { return list->model()->index(row, 0); }
+int count(const QAbstractItemView *list) { return list->model()->rowCount(); }
 QLineEdit *box(QWidget *form, const char *name) { return child<QLineEdit>(form, name); }
 
-void clickRow(QListWidget *list, int row, Qt::KeyboardModifiers modifiers = {})
+void clickRow(QAbstractItemView *list, int row, Qt::KeyboardModifiers modifiers = {})
 {
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, modifiers, list->visualItemRect(list->item(row)).center());
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, modifiers, list->visualRect(rowOf(list, row)).center());
 }
 
-QStringList texts(const QListWidget *list)
+QStringList texts(const QAbstractItemView *list)
 {
     QStringList out;
-    for (int row = 0; row < list->count(); ++row)
-        out << list->item(row)->text();
+    for (int row = 0; row < count(list); ++row)
+        out << rowOf(list, row).data().toString();
     return out;
 }
 
 // Clicks the group of that code (PostgreSQL lists a row it rewrote last).
-void clickGroup(QListWidget *list, qint32 code)
+void clickGroup(QAbstractItemView *list, qint32 code)
 {
-    for (int row = 0; row < list->count(); ++row) {
-        if (list->item(row)->data(Qt::UserRole).toInt() == code)
+    for (int row = 0; row < count(list); ++row) {
+        if (rowOf(list, row).data(Qt::UserRole).toInt() == code)
             return clickRow(list, row);
     }
     ADD_FAILURE() << "no group " << code;
@@ -93,7 +96,7 @@ TEST_P(FmGrpTest, DeletingTakesTheRowsButNeverGroupsOneAndEight)
         QTest::keyClick(list(form), Qt::Key_Delete);
         EXPECT_EQ(shown, (QStringList{u"Delete|Bạn có chắc chắn xoá các nhóm đã chọn không?"_s,
                                       u"Delete|3 danh mục đã bị xoá"_s}));
-        EXPECT_EQ(list(form)->count(), 0);
+        EXPECT_EQ(count(list(form)), 0);
         EXPECT_EQ(box(form, "TxtName")->text(), "1");   // a new group is proposed
         click(form, "CmdExit");
     });
@@ -125,7 +128,7 @@ TEST_P(FmGrpTest, AddingLocksTheRightsAndWritingNeedsAName)
         test::typeText(box(form, "TxtDesc"), u"Sổ sách"_s);
         click(form, "CmdWrite");
         EXPECT_EQ(texts(list(form)).last(), "Kế toán-Sổ sách");
-        EXPECT_EQ(list(form)->item(3)->data(Qt::UserRole).toInt(), 9);
+        EXPECT_EQ(rowOf(list(form), 3).data(Qt::UserRole).toInt(), 9);
         EXPECT_EQ(box(form, "TxtName")->text(), "1");   // ready for the next group
         click(form, "CmdAdd");
         EXPECT_TRUE(child(form, "CmdPms")->isEnabled());
@@ -134,7 +137,7 @@ TEST_P(FmGrpTest, AddingLocksTheRightsAndWritingNeedsAName)
         EXPECT_EQ(users->topLevelItem(0)->text(1), "Thủ kho");
         retype(box(form, "TxtName"), u"Kho hàng"_s);
         click(form, "CmdWrite");
-        EXPECT_EQ(list(form)->item(1)->text(), "Kho hàng-Thủ kho");
+        EXPECT_EQ(rowOf(list(form), 1).data().toString(), "Kho hàng-Thủ kho");
         click(form, "CmdExit");
     });
     if (db.traced()) {
@@ -154,7 +157,7 @@ TEST_P(FmGrpTest, RightsOfEachBarGoToItsColumnInOneStatement)
         rights(form, [](QWidget *pms) {
             EXPECT_EQ(child<QLabel>(pms, "LblTitle")->text(), "Tên nhóm là:Kho - Thủ kho");
             clickRow(list(pms, "LstMenuBar"), 1);
-            QListWidget *subs = list(pms, "LstSubMenu");
+            auto *subs = child<QListWidget>(pms, "LstSubMenu");
             EXPECT_EQ(texts(subs), (QStringList{u"Phiếu nhập"_s, u"Phiếu xuất"_s, u"Hoá đơn"_s}));   // by ID
             EXPECT_EQ(subs->selectedItems(), QList{subs->item(1)});   // rights 2
             clickRow(subs, 1);
@@ -222,7 +225,7 @@ TEST_P(FmGrpTest, AnotherDesksChangesMeanwhileAreKeptOrTold)
                 test::answerMessages(&told);
                 click(pms, "CmdOk");
                 if (pms->isVisible()) {   // told, and showing the rights as they are now
-                    EXPECT_EQ(list(pms, "LstSubMenu")->selectedItems().size(), 2);
+                    EXPECT_EQ(child<QListWidget>(pms, "LstSubMenu")->selectedItems().size(), 2);
                     click(pms, "Command1");
                 }
             });
@@ -249,4 +252,31 @@ TEST_P(FmGrpTest, RenamingAGroupChangedOrDeletedElsewhereIsToldAndWritesNothing)
         EXPECT_EQ(told.value(0).section(u'|', 1), u"Nhóm này vừa được sửa hoặc xoá ở máy khác. Danh sách nhóm đã được đọc lại."_s);
         EXPECT_EQ(db.scalar(u"Select Count(*) From Groups Where [Name]='Kho hàng'"_s).toInt(), 0) << meanwhile;
     }
+}
+
+// Many groups are read as the list shows them; selecting all reads every one,
+// so that the count told is that of all groups, as a whole list would tell.
+TEST_P(FmGrpTest, ManyGroupsAreReadAsShownAndSelectingAllTakesEveryOne)
+{
+    QString values;
+    for (int code = 10; code < 1010; ++code)
+        values += u"%1(%2, 'Nhóm %2', 'Quầy %2')"_s.arg(values.isEmpty() ? u""_s : u","_s).arg(code);
+    db.exec(u"Insert Into Groups(Code, [Name], Des) Values"_s + values);
+    groups([&](QWidget *form) {
+        EXPECT_LT(count(list(form)), 1003);
+        if (db.traced()) {
+            const QString read = db.statements().filter(u"Offset"_s).join(u'\n');
+            EXPECT_TRUE(read.contains(u"Offset 0"_s)) << read.toStdString();
+            EXPECT_FALSE(read.contains(u"Offset 768"_s)) << read.toStdString();
+        }
+        list(form)->setFocus();
+        QTest::keyClick(list(form), Qt::Key_A, Qt::ControlModifier);
+        EXPECT_EQ(count(list(form)), 1003);
+        QStringList shown;
+        test::answerMessages(&shown, {Qt::Key_C, Qt::Key_Return});
+        QTest::keyClick(list(form), Qt::Key_Delete);
+        EXPECT_EQ(shown.value(1), u"Delete|1003 danh mục đã bị xoá"_s);
+        click(form, "CmdExit");
+    });
+    EXPECT_EQ(db.scalar(u"Select Count(*) From Groups"_s).toInt(), 2);   // groups 1 and 8 stay
 }
