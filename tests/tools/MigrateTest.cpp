@@ -291,7 +291,7 @@ TEST_F(MigrateTest, AnInPlaceRunKilledAnywhereResumesToTheSameResult)
 {
     QString error;
     test::TempDatabase big;
-    ASSERT_TRUE(test::MakeLegacyShop(big.db(), 20000, &error)) << error.toStdString();
+    ASSERT_TRUE(test::MakeLegacyShop(big.db(), 12000, &error)) << error.toStdString();
     const QString original = big.db().databaseName();
     const QStringList before = dump(big.db());
     const auto copyOf = [&](const QString &name) {
