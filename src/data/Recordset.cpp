@@ -16,6 +16,11 @@ QString SelectStatement(const QString &source)
     return m.hasMatch() ? QStringLiteral("Select * From ") + m.captured(1) : source;
 }
 
+QString PageStatement(const QString &source, int rows, int offset)
+{
+    return SelectStatement(source) + QStringLiteral(" Limit %1 Offset %2").arg(rows).arg(offset);
+}
+
 qint32 Recordset::Open(const QString &sql, const QSqlDatabase &db, Cursor cursor)
 {
     Close();

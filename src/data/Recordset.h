@@ -18,6 +18,9 @@ namespace zolt {
 // A bare table name, bracketed or not, as the statement that selects all of
 // that table's rows in its column order; anything else is a statement already.
 QString SelectStatement(const QString &source);
+// One page of its rows: rows of them from offset on (Limit and Offset), for
+// lists that read as they show.
+QString PageStatement(const QString &source, int rows, int offset);
 
 // How a record set moves: anywhere, or only on (which keeps no copy of the
 // rows passed: a list of a million rows is read once, not held twice).

@@ -15,8 +15,7 @@ namespace zolt {
 qint32 GroupRows::readPage(QList<Row> *rows) const
 {
     Recordset rs;
-    const QString sql = SelectStatement(m_sql) + QStringLiteral(" Limit %1 Offset %2").arg(PageRows).arg(m_fromQuery);
-    if (const qint32 n = OpenQuery(rs, sql, Cursor::ForwardOnly); n != 0)
+    if (const qint32 n = OpenQuery(rs, PageStatement(m_sql, PageRows, m_fromQuery), Cursor::ForwardOnly); n != 0)
         return n;
     try {
         const int code = rs.FieldPosition(QStringLiteral("Code"));

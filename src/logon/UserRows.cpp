@@ -22,8 +22,7 @@ bool UserRows::append(const QString &sql, QString *error)
 bool UserRows::readPage(Run &run, int first, QString *error)
 {
     Recordset rs;
-    const QString sql = run.sql + QStringLiteral(" Limit %1 Offset %2").arg(PageRows).arg(run.rows.size());
-    if (OpenQuery(rs, sql, Cursor::ForwardOnly) != 0) {
+    if (OpenQuery(rs, PageStatement(run.sql, PageRows, int(run.rows.size())), Cursor::ForwardOnly) != 0) {
         *error = rs.LastErrorText();
         return false;
     }

@@ -165,10 +165,8 @@ bool convertTable(const Database &d, const TableReport &table, const QString &un
         *error = query.lastError().text() + d.db.lastError().text();
         return d.db.rollback(), false;
     }
-    if (conversion.fontChanged())
-        report->notes << Say("Phông chữ của chương trình (Config/DefaultFont) đổi thành \"%1\".",
-                             "The library's font (Config/DefaultFont) became \"%1\".")
-                             .arg(unicodeFont);
+    if (!conversion.fontNote().isEmpty())
+        report->notes << conversion.fontNote();
     return true;
 }
 

@@ -11,11 +11,11 @@
 
 namespace zolt::migrate {
 
-bool OpenDatabase(const QString &spec, const QString &connectionName, bool create, Database *out, QString *error)
+bool OpenDatabase(const QString &address, const QString &connectionName, bool create, Database *out, QString *error)
 {
-    out->spec = spec;
-    if (spec.startsWith(QLatin1String("postgresql://")) || spec.startsWith(QLatin1String("postgres://"))) {
-        const QUrl url(spec);
+    out->address = address;
+    if (address.startsWith(QLatin1String("postgresql://")) || address.startsWith(QLatin1String("postgres://"))) {
+        const QUrl url(address);
         out->engine = Engine::PostgreSQL;
         out->db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), connectionName);
         const QString socket = QUrlQuery(url).queryItemValue(QStringLiteral("host"));
@@ -25,19 +25,19 @@ bool OpenDatabase(const QString &spec, const QString &connectionName, bool creat
         out->db.setUserName(url.userName());
         out->db.setPassword(url.password());
         out->db.setDatabaseName(url.path().mid(1));
-        out->spec = url.toString(QUrl::RemovePassword);
-    } else if (spec.startsWith(QLatin1String("odbc:"))) {
+        out->address = url.toString(QUrl::RemovePassword);
+    } else if (address.startsWith(QLatin1String("odbc:"))) {
         out->engine = Engine::Odbc;
         out->db = QSqlDatabase::addDatabase(QStringLiteral("QODBC"), connectionName);
-        out->db.setDatabaseName(spec.mid(5));
+        out->db.setDatabaseName(address.mid(5));
     } else {
         out->engine = Engine::SQLite;
-        if (!create && !QFileInfo(spec).isFile()) {
-            *error = QStringLiteral("không có tệp %1 / no such file").arg(spec);
+        if (!create && !QFileInfo(address).isFile()) {
+            *error = QStringLiteral("không có tệp %1 / no such file").arg(address);
             return false;
         }
         out->db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connectionName);
-        out->db.setDatabaseName(spec);
+        out->db.setDatabaseName(address);
     }
     if (!out->db.open()) {
         *error = out->db.lastError().text();

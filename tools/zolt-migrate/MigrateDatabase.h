@@ -17,12 +17,13 @@ enum class Engine { SQLite, PostgreSQL, Odbc };
 struct Database {
     mutable QSqlDatabase db;   // a handle: transactions on a const Database are fine
     Engine engine = Engine::SQLite;
-    QString spec;   // as given, without its password
+    QString address;   // as given, without its password
 };
 
-// Opens the database spec names; an SQLite file must exist unless create is
-// set. False, with the reason in *error, when it cannot be opened.
-bool OpenDatabase(const QString &spec, const QString &connectionName, bool create, Database *out, QString *error);
+// Opens the database at address, as the command line names it; an SQLite
+// file must exist unless create is set. False, with the reason in *error,
+// when it cannot be opened.
+bool OpenDatabase(const QString &address, const QString &connectionName, bool create, Database *out, QString *error);
 
 // A table or column name as the engine reads it in a statement.
 QString Quoted(const Database &d, const QString &name);

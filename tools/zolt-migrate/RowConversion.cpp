@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "RowConversion.h"
 
+#include "Language.h"
+
 namespace zolt::migrate {
 
 bool IsLegacyFont(const QString &name)
@@ -36,6 +38,15 @@ void RowConversion::apply(QList<QVariant> &values, qint32 *unconvertible)
         values[m_value] = m_font;
         m_fontChanged = true;
     }
+}
+
+QString RowConversion::fontNote() const
+{
+    if (!m_fontChanged)
+        return {};
+    return Say("Phông chữ của chương trình (Config/DefaultFont) đổi thành \"%1\".",
+               "The library's font (Config/DefaultFont) became \"%1\".")
+        .arg(m_font);
 }
 
 bool RowConversion::isSchemaVersionRow(const QList<QVariant> &values) const

@@ -25,8 +25,8 @@ public:
     // The library's own row in Options that every database keeps for itself:
     // the version of its tables.
     bool isSchemaVersionRow(const QList<QVariant> &values) const;
-    // The font setting was replaced by the Unicode font.
-    bool fontChanged() const { return m_fontChanged; }
+    // What the report says when the font setting was replaced; "" when it was not.
+    QString fontNote() const;
 
 private:
     bool isSetting(const QList<QVariant> &values, QLatin1String key) const;

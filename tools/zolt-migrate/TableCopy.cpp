@@ -136,10 +136,8 @@ bool copyRows(const Database &source, const Database &target, const TableReport 
         *error = target.db.lastError().text();
         return false;
     }
-    if (conversion.fontChanged())
-        *notes << Say("Phông chữ của chương trình (Config/DefaultFont) đổi thành \"%1\".",
-                      "The library's font (Config/DefaultFont) became \"%1\".")
-                      .arg(unicodeFont);
+    if (!conversion.fontNote().isEmpty())
+        *notes << conversion.fontNote();
     return true;
 }
 

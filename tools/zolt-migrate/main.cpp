@@ -152,7 +152,7 @@ int run(const Command &command)
     if (!OpenDatabase(command.source, QStringLiteral("source"), false, &source, &error))
         return fail(CannotOpen, Say("không mở được nguồn: ", "cannot open the source: ") + error);
     Report report;
-    report.source = source.spec;
+    report.source = source.address;
     {
         Progress progress(CountRows(source));
         report.tables = ScanDatabase(source, command.choices,
@@ -176,7 +176,7 @@ int run(const Command &command)
             Database target;
             if (!OpenDatabase(command.target, QStringLiteral("target"), true, &target, &error))
                 return fail(CannotOpen, Say("không mở được đích: ", "cannot open the target: ") + error);
-            report.target = target.spec;
+            report.target = target.address;
             converted = CopyTables(source, target, report.tables, font, done, &report, &error);
         }
         if (!converted)
