@@ -328,7 +328,7 @@ TEST_F(MigrateTest, AnInPlaceRunKilledAnywhereResumesToTheSameResult)
         ASSERT_EQ(migrate(QStringList(args) << path).exit, 0);
         EXPECT_EQ(dump(QSqlDatabase::database(name)), after);
         // The backup is the data as it was.
-        const QStringList backups = QDir(dir.path()).entryList({u"trial%1.db.before-migrate-*"_s.arg(trial)});
+        const QStringList backups = QDir(dir.path()).entryList({u"trial%1.db.before-migrate*"_s.arg(trial)});
         ASSERT_EQ(backups.size(), 1) << backups.join(u' ').toStdString();
         EXPECT_EQ(dump(openSqlite(dir.filePath(backups[0]), name + u"-backup"_s)), before);
     }

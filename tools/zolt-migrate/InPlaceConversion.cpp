@@ -11,6 +11,7 @@
 #include <QSqlQuery>
 
 #include <algorithm>
+#include <cstdio>
 
 namespace zolt::migrate {
 
@@ -41,18 +42,18 @@ bool openJournal(const Database &d, QStringList *done, QString *backup, QString 
 }
 
 // A copy of the whole file, written under a name of its own and renamed
-// when whole, before the journal exists: a run stopped before that point
-// starts again from the beginning.
+// over the backup when whole, before the journal exists: a run stopped
+// before that point starts again from the beginning, and replaces the
+// backup it may have left with the same data.
 bool backUpFile(const Database &d, QString *backup, QString *error)
 {
-    const QString name = d.db.databaseName() + QStringLiteral(".before-migrate-")
-                       + QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
-    const QString partial = d.db.databaseName() + QStringLiteral(".before-migrate.part");
+    const QString name = d.db.databaseName() + QStringLiteral(".before-migrate");
+    const QString partial = name + QStringLiteral(".part");
     QFile::remove(partial);
     QSqlQuery query(d.db);
     query.prepare(QStringLiteral("VACUUM INTO ?"));
     query.addBindValue(partial);
-    if (!query.exec() || !QFile::rename(partial, name)) {
+    if (!query.exec() || std::rename(QFile::encodeName(partial).constData(), QFile::encodeName(name).constData()) != 0) {
         *error = Say("Không sao lưu được vào %1: %2", "Cannot back up into %1: %2").arg(name, query.lastError().text());
         return false;
     }
