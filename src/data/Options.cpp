@@ -56,7 +56,8 @@ QString ReadOption(const QString &section, const QString &key, const QString &de
     QString value;
     try {
         Recordset rs;
-        if (rs.Open(QStringLiteral("Select * From [Options]") + keyCondition(section, key), db) == 0 && !rs.Eof())
+        if (rs.Open(QStringLiteral("Select * From [Options]") + keyCondition(section, key), db, Cursor::ForwardOnly) == 0
+            && !rs.Eof())
             value = NullToStr(rs.Value(QStringLiteral("KeyValue")));
     } catch (const Error &) {
         // a read that fails is a missing value

@@ -38,7 +38,7 @@ public:
     void remove(QList<int> rows);
 
 private:
-    static constexpr int PageRows = 256;
+    static constexpr int PageRows = 64;   // a few times what the list shows: the first page opens it
     struct Row {
         qint32 code;
         QString text;
