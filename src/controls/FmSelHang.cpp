@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "controls/FmSelHang.h"
 
-#include "controls/clsListBox.h"
+#include "controls/PickRows.h"
+#include "data/Conversions.h"
 #include "data/General.h"
 #include "data/KeyPreview.h"
 #include "data/Database.h"
@@ -21,7 +22,6 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
-#include <QStringListModel>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -46,8 +46,8 @@ FmSelHang::FmSelHang(QWidget *parent)
     lv1IP->setUniformItemSizes(true);   // a million rows are laid out without measuring each
     lv1IP->setEditTriggers(QAbstractItemView::NoEditTriggers);
     lv1IP->setFixedSize(420, 320);
-    m_names = new QStringListModel(this);
-    lv1IP->setModel(m_names);
+    m_rows = new PickRows(this);
+    lv1IP->setModel(m_rows);
     CmdSel = Named(new QPushButton(QStringLiteral("&Chọn"), this), "CmdSel");
     CmdQuit = Named(new QPushButton(QStringLiteral("&Thoát"), this), "CmdQuit");
 
@@ -64,14 +64,12 @@ FmSelHang::FmSelHang(QWidget *parent)
     layout->addLayout(buttons);
     layout->setSizeConstraint(QLayout::SetFixedSize);
 
-    m_binder = new clsListBox(this);
-    m_binder->SetTListBox(lv1IP);
     connect(TxtSelH, &QLineEdit::textChanged, this, &FmSelHang::TxtSelH_Change);
     TxtSelH->installEventFilter(this);
     // The row highlighted is the row taken, however it got there: mouse,
     // keys, typing, or the load. Enter or a double click on it chooses it.
     connect(lv1IP->selectionModel(), &QItemSelectionModel::currentChanged, this, [this] {
-        SelectedValue = m_binder->Value();
+        SelectedValue = currentCode();
     });
     connect(lv1IP, &QListView::doubleClicked, this, &FmSelHang::choose);
     connect(CmdSel, &QPushButton::clicked, this, &FmSelHang::choose);
@@ -85,11 +83,11 @@ FmSelHang::FmSelHang(QWidget *parent)
 
 // The names' indexes for the folds typed text can take (without marks only
 // while accent-blind search is on), built one after the other on a thread of
-// their own from a copy of the list (which shares the names, never copies
-// them). FindString asks for the one it needs and scans while it is not ready.
+// their own over the list's names (shared, never copied). FindString asks for
+// the one it needs and scans while it is not ready.
 class FmSelHang::NameIndexes {
 public:
-    NameIndexes(const QStringList &names, bool accentBlind)
+    NameIndexes(const std::shared_ptr<const PackedStrings> &names, bool accentBlind)
         : m_thread([this, names, accentBlind] {
             if (accentBlind) {
                 m_bare = std::make_unique<PrefixIndex>(names, BareFold(), &m_stop);
@@ -140,7 +138,7 @@ void FmSelHang::startIndexing()
     if (!m_indexWaits)
         return;
     m_indexWaits = false;
-    m_indexes = std::make_unique<NameIndexes>(m_names->stringList(), m_accentBlind);
+    m_indexes = std::make_unique<NameIndexes>(m_rows->names(), m_accentBlind);
 }
 
 int FmSelHang::exec()
@@ -154,11 +152,11 @@ void FmSelHang::Load()
     ApplyFormSettings(this);
     m_accentBlind = AccentBlindSearchOn(CurrentConnection());
     ReadInfo(ListSql);
-    SelectedValue = m_binder->Value();
+    SelectedValue = currentCode();
     Chosen = false;
     TxtSelH->setText(SearchText);
     TxtSelH->setFocus();
-    if (m_binder->ListCount() > 0)
+    if (m_rows->rowCount() > 0)
         selectRow(0);
 }
 
@@ -182,18 +180,20 @@ qint32 FmSelHang::ReadInfo(const QString &Sql)
     if (const qint32 n = OpenQuery(rs, Sql, Cursor::ForwardOnly); n != 0)
         return n;
     if (HasRows(rs)) {
-        m_binder->Clear();
-        QStringList names, codes;
+        auto names = std::make_shared<PackedStrings>(), codes = std::make_shared<PackedStrings>();
         try {
-            ReadRows(rs, names, codes);
+            for (; !rs.Eof(); rs.MoveNext()) {
+                // Names stored decomposed are matched and shown composed.
+                const QString name = NullToStr(rs.Value(1)).normalized(QString::NormalizationForm_C);   // a single column is no list
+                const QString code = NullToStr(rs.Value(0));
+                names->append(name);
+                codes->append(code);
+            }
         } catch (const Error &) {
-            // a query of one column lists nothing
+            // the rows read before a failure stay
         }
-        // Names stored decomposed are matched and shown composed.
-        for (QString &name : names)
-            name = name.normalized(QString::NormalizationForm_C);
-        m_binder->AppendItems(names, codes);
         m_indexes.reset();   // stops building the index of the list before
+        m_rows->reset(names, codes);
         m_indexWaits = true;
         QTimer::singleShot(0, this, &FmSelHang::startIndexing);
     }
@@ -205,9 +205,9 @@ qint32 FmSelHang::FindString(const QString &St) const
     const PrefixMatcher typed(St, m_accentBlind);
     if (const PrefixIndex *index = m_indexes ? m_indexes->For(typed.Fold()) : nullptr)
         return index->First(typed.Typed());
-    const QStringList &names = m_names->stringList();
+    const PackedStrings &names = *m_rows->names();
     for (qsizetype i = 0; i < names.size(); ++i) {
-        if (typed.Matches(names[i]))
+        if (typed.Matches(names.at(i)))
             return qint32(i);
     }
     return -1;
@@ -220,9 +220,18 @@ void FmSelHang::TxtSelH_Change()
 
 void FmSelHang::selectRow(int row)
 {
-    m_binder->SetListIndex(row);
-    if (row >= 0)
-        lv1IP->scrollTo(m_names->index(row), QAbstractItemView::PositionAtTop);
+    if (row < 0) {
+        lv1IP->setCurrentIndex(QModelIndex());
+        lv1IP->clearSelection();
+        return;
+    }
+    lv1IP->setCurrentIndex(m_rows->index(row));
+    lv1IP->scrollTo(m_rows->index(row), QAbstractItemView::PositionAtTop);
+}
+
+QString FmSelHang::currentCode() const
+{
+    return m_rows->code(lv1IP->currentIndex().row());
 }
 
 // Up, Down, Page Up and Page Down typed in the name box move through the list

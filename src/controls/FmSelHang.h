@@ -14,11 +14,10 @@ class QLabel;
 class QLineEdit;
 class QListView;
 class QPushButton;
-class QStringListModel;
 
 namespace zolt {
 
-class clsListBox;
+class PickRows;
 
 class FmSelHang : public QDialog {
     Q_OBJECT
@@ -58,14 +57,14 @@ private:
     void TxtSelH_Change();
     void choose();
     void selectRow(int row);
+    QString currentCode() const;
     void startIndexing();
 
     class NameIndexes;
     std::unique_ptr<NameIndexes> m_indexes;
     bool m_indexWaits = false;   // the names loaded last have no index yet
     bool m_accentBlind = true;
-    clsListBox *m_binder;
-    QStringListModel *m_names;
+    PickRows *m_rows;
     QLabel *Label1;
     QLineEdit *TxtSelH;
     QGroupBox *FrDetail;

@@ -6,26 +6,30 @@
 
 namespace zolt {
 
-PrefixIndex::PrefixIndex(const QStringList &names, const char16_t *fold, const std::atomic<bool> *stop)
-    : m_names(names)
+PrefixIndex::PrefixIndex(std::shared_ptr<const PackedStrings> names, const char16_t *fold,
+                         const std::atomic<bool> *stop)
+    : m_names(std::move(names))
     , m_fold(fold)
     , m_stop(stop)
-    , m_sorted(size_t(names.size()))
+    , m_sorted(size_t(m_names->size()))
 {
     std::iota(m_sorted.begin(), m_sorted.end(), 0);
     sort(m_sorted.data(), qsizetype(m_sorted.size()), 0);
-    const size_t n = m_sorted.size();
-    m_smallest.resize(2 * n);
-    std::copy(m_sorted.begin(), m_sorted.end(), m_smallest.begin() + qsizetype(n));
-    for (size_t node = n - 1; node >= 1 && n > 1; --node)
-        m_smallest[node] = std::min(m_smallest[2 * node], m_smallest[2 * node + 1]);
+    const size_t runs = (m_sorted.size() + size_t(RunLength) - 1) / size_t(RunLength);
+    m_runs.resize(2 * runs);
+    for (size_t k = 0; k < runs; ++k) {
+        const size_t begin = k * size_t(RunLength), end = std::min(begin + size_t(RunLength), m_sorted.size());
+        m_runs[runs + k] = *std::min_element(m_sorted.begin() + qsizetype(begin), m_sorted.begin() + qsizetype(end));
+    }
+    for (size_t node = runs - 1; node >= 1 && runs > 1; --node)
+        m_runs[node] = std::min(m_runs[2 * node], m_runs[2 * node + 1]);
 }
 
 // The folded code unit of a name at depth, or -1 past its end (a shorter
 // name sorts first).
 int PrefixIndex::unitAt(qint32 position, qsizetype depth) const
 {
-    const QString &name = m_names.at(position);
+    const QStringView name = m_names->at(position);
     return depth < name.size() ? int(m_fold[name.at(depth).unicode()]) : -1;
 }
 
@@ -74,14 +78,32 @@ qint32 PrefixIndex::First(QStringView typed) const
     const auto from = std::partition_point(m_sorted.begin(), m_sorted.end(),
                                            [&](qint32 p) { return comparePrefix(p, typed) < 0; });
     const auto to = std::partition_point(from, m_sorted.end(), [&](qint32 p) { return comparePrefix(p, typed) == 0; });
-    // The smallest position over [from, to), climbing the tree from both ends.
+    return smallestIn(from - m_sorted.begin(), to - m_sorted.begin());
+}
+
+// The smallest position over [from, to) of the sorted order: the parts of
+// runs at either end looked at one by one, the whole runs between by
+// climbing their tree from both ends; -1 for an empty range.
+qint32 PrefixIndex::smallestIn(qsizetype from, qsizetype to) const
+{
     qint32 smallest = -1;
-    const size_t n = m_sorted.size();
-    for (size_t l = size_t(from - m_sorted.begin()) + n, r = size_t(to - m_sorted.begin()) + n; l < r; l /= 2, r /= 2) {
+    const auto take = [&](qint32 position) { smallest = smallest < 0 ? position : std::min(smallest, position); };
+    const qsizetype firstWhole = (from + RunLength - 1) / RunLength, endWhole = to / RunLength;
+    if (firstWhole >= endWhole) {
+        for (qsizetype i = from; i < to; ++i)
+            take(m_sorted[size_t(i)]);
+        return smallest;
+    }
+    for (qsizetype i = from; i < firstWhole * RunLength; ++i)
+        take(m_sorted[size_t(i)]);
+    for (qsizetype i = endWhole * RunLength; i < to; ++i)
+        take(m_sorted[size_t(i)]);
+    const size_t runs = m_runs.size() / 2;
+    for (size_t l = size_t(firstWhole) + runs, r = size_t(endWhole) + runs; l < r; l /= 2, r /= 2) {
         if (l & 1)
-            smallest = smallest < 0 ? m_smallest[l] : std::min(smallest, m_smallest[l]), ++l;
+            take(m_runs[l++]);
         if (r & 1)
-            --r, smallest = smallest < 0 ? m_smallest[r] : std::min(smallest, m_smallest[r]);
+            take(m_runs[--r]);
     }
     return smallest;
 }

@@ -100,8 +100,9 @@ TEST_P(FmGrpTest, DeletingTakesTheRowsButNeverGroupsOneAndEight)
         EXPECT_EQ(box(form, "TxtName")->text(), "1");   // a new group is proposed
         click(form, "CmdExit");
     });
-    if (db.traced())
+    if (db.traced()) {
         EXPECT_TRUE(db.statements().contains(u"Delete From [Groups] Where Code In (1,5,8) and (Code Not In (1,8))"_s));
+    }
     groups([](QWidget *form) {
         EXPECT_EQ(texts(list(form)), (QStringList{u"Quản trị-Mọi quyền"_s, u"Bán hàng-Quầy"_s}));
         click(form, "CmdExit");
@@ -174,10 +175,11 @@ TEST_P(FmGrpTest, RightsOfEachBarGoToItsColumnInOneStatement)
         });
         click(form, "CmdExit");
     });
-    if (db.traced())
+    if (db.traced()) {
         // Each bar changed here, while it holds what was read.
         EXPECT_EQ(db.statements().filter(u"Update Groups"_s),
                   QStringList{u"Update Groups Set DanhMuc=2,ChungTu=5 Where Code=5 And Coalesce(DanhMuc,0)=0 And Coalesce(ChungTu,0)=2"_s});
+    }
 }
 
 TEST_P(FmGrpTest, AGroupsTableWithoutRightsColumnsWritesNothing)

@@ -75,8 +75,9 @@ TEST_P(LogonTest, TheRightPasswordReturnsTheUsersCodeByEnterAlone)
         EXPECT_TRUE(child(&form, "CmdOk")->hasFocus());
         QTest::keyClick(form.focusWidget(), Qt::Key_Return);   // Enter on the button logs on
     }), 1);
-    if (db.traced())
+    if (db.traced()) {
         EXPECT_TRUE(db.statements().contains(u"SELECT  *  FROM [User] WHERE ([Name]='admin') And ( [Password]=26209)"_s));
+    }
 
     EXPECT_EQ(logon([](QWidget &form) {
         typeAndEnter(form, u"  Nguyễn Văn An  "_s);   // names are trimmed

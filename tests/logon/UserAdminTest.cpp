@@ -108,8 +108,9 @@ TEST_P(UserAdminTest, DeleteRefusesUserThreeThenTheLastUserThenAsks)
             click(list->window(), "CmdExit");
         });
     }
-    if (db.traced())
+    if (db.traced()) {
         EXPECT_TRUE(db.statements().contains(u"Delete from [user] Where [Name]='thu'"_s));
+    }
 }
 
 TEST_P(UserAdminTest, AddAppendsTheUsersAddedMeanwhileAndRefusesDuplicatesAndBadPasswords)
@@ -143,10 +144,11 @@ TEST_P(UserAdminTest, AddAppendsTheUsersAddedMeanwhileAndRefusesDuplicatesAndBad
         EXPECT_EQ(list->model()->rowCount(), 5);
         click(list->window(), "CmdExit");
     });
-    if (db.traced())
+    if (db.traced()) {
         EXPECT_TRUE(db.statements().contains(
             u"Insert Into [User](Name,[Dec],IdGroup,[Password]) Values('Nguyễn Thu','',8,"_s + digestOf(u"abc"_s)
             + u") ON CONFLICT DO NOTHING"_s));
+    }
     EXPECT_FALSE(db.statements().join(u'\n').contains(u"O'Hara"_s));
 }
 

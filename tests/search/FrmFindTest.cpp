@@ -201,8 +201,9 @@ TEST_P(FrmFindTest, F2LooksTheValueUpAndAChoiceMovesOn)
         EXPECT_FALSE(value(form, 0)->hasFocus());
         test::click(form, "CmdOK");
     }), "(Phong  =  'BH')");
-    if (db.traced())
+    if (db.traced()) {
         EXPECT_TRUE(db.statements().contains(u"Select * From PhongBan Where zolt_bare_like(Name, '%')"_s));
+    }
 }
 
 TEST_P(FrmFindTest, TypedValuesNeverMatchMoreThanTheyMean)

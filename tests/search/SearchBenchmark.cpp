@@ -71,17 +71,20 @@ void BM_PickListOpen(benchmark::State &state)
     const int rows = int(state.range(0));
     const QSqlDatabase db = catalogue(rows);
     SetCurrentConnection(db);
-    const auto library = [] {
+    const auto open = [](bool indexed) {
         FmSelHang pick;
         pick.ListSql = GoodsSql;
         pick.Load();
         pick.show();
         benchmark::DoNotOptimize(pick.grab());
+        if (indexed)
+            pick.WaitUntilIndexed();
     };
     const auto baseline = [&] { readGoods(db); };
     const std::string name = rows == 1000000 ? "pick_list_open_1m" : "pick_list_open_100k";
-    bench::InTurn(state, name, library, baseline);
-    bench::Memory(name, library, baseline, rows);
+    bench::InTurn(state, name, [&] { open(false); }, baseline);
+    // The memory of a list a clerk types in: with the index built once it shows.
+    bench::Memory(name, [&] { open(true); }, baseline, rows);
 }
 
 // The worst case: only the last of a million names begins with the text
