@@ -101,8 +101,8 @@ QVariant Recordset::Value(int position) const
         throw Error(Error::NoCurrentRecord);
     QVariant value = m_query->value(position);
     if (value.isNull())
-        return QVariant();   // a database Null, whatever the driver's type
-    return value;
+        value = QVariant();   // a database Null, whatever the driver's type
+    return value;             // one return of one object: no copy of every value read
 }
 
 QString Recordset::FieldName(int position) const
