@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Opening and first painting the user list on 100,000 users and the groups
 // dialog on 1,000 and 10,000 groups, beside plain views over a
-// QSqlQueryModel of the same query; a logon with the strong password store
+// QSqlQueryModel of the same query, and the groups dialog beside the same
+// dialog of plain Qt widgets; a logon with the strong password store
 // beside libsodium's own verification.
 #include "BenchMain.h"
 
@@ -14,7 +15,17 @@
 
 #include <sodium.h>
 
+#include <QDialog>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
 #include <QListView>
+#include <QPushButton>
+#include <QSqlRecord>
+#include <QTreeWidget>
+#include <QVBoxLayout>
 #include <QSize>
 #include <QSqlQuery>
 #include <QSqlQueryModel>
@@ -89,22 +100,102 @@ void BM_UserList(benchmark::State &state)
                                     QStringLiteral("Select Code,Name,Dec from [user] Order by Code"));
 }
 
+// The size of the groups dialog's list, shown on db's groups.
+QSize groupsListSize(const QSqlDatabase &db)
+{
+    SetCurrentConnection(db);
+    FmGrp dialog;
+    dialog.show();
+    return dialog.findChild<QListView *>(QStringLiteral("Lv1"))->size();
+}
+
 void BM_Groups(benchmark::State &state)
 {
     const int groups = int(state.range(0));
     const QSqlDatabase db = staff(20000, groups);
-    SetCurrentConnection(db);
-    const QSize listSize = [] {
-        FmGrp dialog;
-        dialog.show();
-        return dialog.findChild<QListView *>(QStringLiteral("Lv1"))->size();
-    }();
+    const QSize listSize = groupsListSize(db);
     // The group names in a list the size of the dialog's: the same rows painted.
     firstPaint<FmGrp, QListView>(state, groups == 10000 ? "groups_10k" : "groups_1k", db,
                                  QStringLiteral("Select * From [Groups]"), [=](QListView &view) {
                                      view.setModelColumn(1);
                                      view.resize(listSize);
                                  });
+}
+
+// The groups dialog's controls as plain Qt widgets in the same layout: the
+// groups through a QSqlQueryModel, the first group's boxes and members
+// through QSqlQuery. Beside it the library's dialog shows what it adds to
+// the same dialog, where the bare list above shows what the dialog costs.
+void plainGroupsDialog(const QSqlDatabase &db, const QSize &listSize)
+{
+    QDialog dialog;
+    QSqlQueryModel groups;
+    groups.setQuery(QStringLiteral("Select * From [Groups]"), db);
+    auto *list = new QListView(&dialog);
+    list->setModel(&groups);
+    list->setModelColumn(1);
+    list->setUniformItemSizes(true);
+    list->setFixedSize(listSize);
+    auto *info = new QGroupBox(QStringLiteral("Thông tin"), &dialog);
+    auto *name = new QLineEdit(info), *description = new QLineEdit(info);
+    auto *infoLayout = new QGridLayout(info);
+    infoLayout->addWidget(new QLabel(QStringLiteral("Tên nhóm"), info), 0, 0);
+    infoLayout->addWidget(name, 0, 1);
+    infoLayout->addWidget(new QLabel(QStringLiteral("Diễn giải"), info), 1, 0);
+    infoLayout->addWidget(description, 1, 1);
+    infoLayout->setColumnMinimumWidth(1, 260);
+    auto *detail = new QGroupBox(QStringLiteral("Danh sách"), &dialog);
+    auto *members = new QTreeWidget(detail);
+    members->setHeaderLabels({QStringLiteral("Tên"), QStringLiteral("Diễn giải")});
+    members->setRootIsDecorated(false);
+    members->setColumnWidth(0, 140);
+    auto *detailLayout = new QVBoxLayout(detail);
+    detailLayout->addWidget(members);
+    auto *rights = new QPushButton(QStringLiteral("&Phân quyền"), detail);
+    rights->setMinimumWidth(110);
+    detailLayout->addWidget(rights, 0, Qt::AlignRight);
+    auto *right = new QVBoxLayout;
+    right->addWidget(info);
+    right->addWidget(detail);
+    auto *buttons = new QHBoxLayout;
+    buttons->addStretch();
+    for (const QString &caption : {QStringLiteral("T&hêm"), QStringLiteral("&Ghi"), QStringLiteral("&Xoá"), QStringLiteral("&Thoát")}) {
+        auto *button = new QPushButton(caption, &dialog);
+        button->setMinimumWidth(90);
+        buttons->addWidget(button);
+    }
+    auto *layout = new QGridLayout(&dialog);
+    layout->setContentsMargins(12, 12, 12, 12);
+    layout->setSpacing(10);
+    layout->addWidget(list, 0, 0);
+    layout->addLayout(right, 0, 1);
+    layout->addLayout(buttons, 1, 0, 1, 2);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    const QString code = groups.record(0).value(0).toString();
+    QSqlQuery query(db);
+    query.exec(QStringLiteral("Select * From Groups Where Code=") + code);
+    if (query.next()) {
+        name->setText(query.value(1).toString());
+        description->setText(query.value(2).toString());
+    }
+    query.exec(QStringLiteral("Select [Name],[Dec] From [User] Where IdGroup=") + code);
+    while (query.next())
+        new QTreeWidgetItem(members, {query.value(0).toString(), query.value(1).toString()});
+    list->setCurrentIndex(groups.index(0, 1));
+    dialog.show();
+    benchmark::DoNotOptimize(dialog.grab());
+}
+
+void BM_GroupsDialog(benchmark::State &state)
+{
+    const int groups = int(state.range(0));
+    const QSqlDatabase db = staff(20000, groups);
+    const QSize listSize = groupsListSize(db);
+    bench::InTurn(state, groups == 10000 ? "groups_dialog_10k" : "groups_dialog_1k", [] {
+        FmGrp dialog;
+        dialog.show();
+        benchmark::DoNotOptimize(dialog.grab());
+    }, [&] { plainGroupsDialog(db, listSize); });
 }
 
 // A logon with the strong store, through the library (options, the user's
@@ -131,5 +222,6 @@ void BM_LogonArgon2id(benchmark::State &state)
 BENCHMARK(BM_LogonArgon2id)->MinTime(5)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_UserList)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Groups)->Arg(1000)->Arg(10000)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_GroupsDialog)->Arg(1000)->Arg(10000)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 } // namespace
