@@ -15,6 +15,9 @@
 #include <QThread>
 
 #include <csignal>
+#include <optional>
+#include <utility>
+#include <vector>
 #include <unistd.h>
 
 using namespace zolt;
@@ -34,8 +37,17 @@ protected:
         QFile::setPermissions(dir.path(), QFile::permissions(dir.path()) | QFile::ReadOther | QFile::ExeOther);
         QDir(dir.path()).mkpath(u"sys"_s);
         for (const auto &[variable, path] : {std::pair{"ZOLT_USER_REGISTRY", "user"}, {"ZOLT_MACHINE_REGISTRY", "machine"},
-                                             {"ODBCSYSINI", "sys"}, {"ODBCINI", "user.ini"}})
+                                             {"ODBCSYSINI", "sys"}, {"ODBCINI", "user.ini"}}) {
+            before.emplace_back(variable, qEnvironmentVariableIsSet(variable) ? std::optional(qgetenv(variable)) : std::nullopt);
             qputenv(variable, QFile::encodeName(dir.filePath(QLatin1String(path))));
+        }
+    }
+    // The stores go back to where they were: a later test of the same
+    // program reaches the test server's data sources again.
+    void TearDown() override
+    {
+        for (const auto &[variable, value] : before)
+            value ? qputenv(variable, *value) : qunsetenv(variable);
     }
     QString read(const QString &name, const QString &key = Key, qint32 root = HK_CURRENT_USER)
     {
@@ -57,6 +69,7 @@ protected:
     }
     QTemporaryDir dir;
     clsRegistry registry;
+    std::vector<std::pair<const char *, std::optional<QByteArray>>> before;
 };
 
 } // namespace
