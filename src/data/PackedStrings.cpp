@@ -4,7 +4,6 @@
 #include <zolt/Error.h>
 
 #include <algorithm>
-#include <cstring>
 
 namespace zolt {
 
@@ -15,7 +14,7 @@ void PackedStrings::append(QStringView text)
         openBlock(length);
     Block &block = m_blocks.back();
     m_starts.push_back(quint32(((m_blocks.size() - 1) << BlockBits) + block.used));
-    std::memcpy(block.units.get() + block.used, text.utf16(), size_t(length) * sizeof(char16_t));
+    std::copy_n(text.utf16(), text.size(), block.units.get() + block.used);   // an empty view may have no data at all
     block.used += quint32(length);
 }
 
@@ -25,7 +24,7 @@ bool PackedStrings::fits(const Block &block, quint64 length)
     return block.used < BlockUnits && block.capacity - block.used >= length;
 }
 
-// A string longer than a slot takes the spanned it spans, its block in the
+// A string longer than a slot takes the slots it spans, its block in the
 // last of them, so that the next string starts after it.
 void PackedStrings::openBlock(quint64 length)
 {

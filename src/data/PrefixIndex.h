@@ -30,8 +30,8 @@ public:
     qint32 First(QStringView typed) const;
 
 private:
-    // Positions of the sorted order per run: few enough that the runs' tree
-    // is small beside the names, many enough to be looked at in a moment.
+    // Positions of the sorted order per run: many enough that the runs' tree
+    // is small beside the names, few enough to be looked at in a moment.
     static constexpr qsizetype RunLength = 32;
 
     int unitAt(qint32 position, qsizetype depth) const;
