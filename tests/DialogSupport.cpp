@@ -63,6 +63,16 @@ void click(const QWidget *form, const char *button)
     QTest::mouseClick(child<QPushButton>(form, button), Qt::LeftButton);
 }
 
+void pressMnemonic(const QWidget *form, const char *button, Qt::Key letter)
+{
+    bool clicked = false;
+    const QMetaObject::Connection watch =
+        QObject::connect(child<QPushButton>(form, button), &QPushButton::clicked, [&clicked] { clicked = true; });
+    QTest::keyClick(QApplication::focusWidget(), letter, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&clicked] { return clicked; }, 2000)) << button;
+    QObject::disconnect(watch);
+}
+
 void retype(QLineEdit *edit, const QString &text)
 {
     edit->setFocus();

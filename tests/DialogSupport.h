@@ -34,6 +34,11 @@ void showActive(QWidget *window);
 // Clicks the form's button of that objectName with the mouse.
 void click(const QWidget *form, const char *button);
 
+// Presses Alt and the letter in the focused control, as a clerk presses a
+// button's mnemonic, and waits until that button has clicked (a mnemonic
+// clicks once its press has shown); fails the test when it does not.
+void pressMnemonic(const QWidget *form, const char *button, Qt::Key letter);
+
 // Replaces the box's text as a user does: select all, erase, type.
 void retype(QLineEdit *edit, const QString &text);
 

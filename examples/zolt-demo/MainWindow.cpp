@@ -23,7 +23,6 @@
 #include <QSqlQueryModel>
 #include <QSqlRecord>
 #include <QStatusBar>
-#include <QStyledItemDelegate>
 #include <QTableView>
 
 #include <iterator>
@@ -58,28 +57,25 @@ void setLook(QAction *action, const QString &help, Picture picture)
     action->setProperty("iButton", int(picture));
 }
 
-// Prices as a Vietnamese clerk reads them: "125.000".
-class PriceDelegate : public QStyledItemDelegate {
+// The goods as a clerk reads them, on the screen and through a screen
+// reader alike: prices "125.000", dates day first (kept as ISO text).
+class GoodsModel : public QSqlQueryModel {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-    QString displayText(const QVariant &value, const QLocale &) const override
-    {
-        return zolt::Tesmir().CvNStr(QString::number(value.toLongLong()));
-    }
-    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override
-    {
-        QStyledItemDelegate::initStyleOption(option, index);
-        option->displayAlignment = Qt::AlignRight | Qt::AlignVCenter;
-    }
-};
+    enum Column { Price = 3, Received = 4 };
+    using QSqlQueryModel::QSqlQueryModel;
 
-// Dates are kept as ISO text and read day first.
-class DateDelegate : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-    QString displayText(const QVariant &value, const QLocale &) const override
+    QVariant data(const QModelIndex &index, int role) const override
     {
-        return QDate::fromString(value.toString(), Qt::ISODate).toString(QStringLiteral("dd/MM/yyyy"));
+        if (role == Qt::TextAlignmentRole && index.column() == Price)
+            return QVariant(Qt::AlignRight | Qt::AlignVCenter);
+        const QVariant value = QSqlQueryModel::data(index, role);
+        if (role != Qt::DisplayRole || value.isNull())
+            return value;
+        if (index.column() == Price)
+            return zolt::Tesmir().CvNStr(QString::number(value.toLongLong()));
+        if (index.column() == Received)
+            return QDate::fromString(value.toString(), Qt::ISODate).toString(QStringLiteral("dd/MM/yyyy"));
+        return value;
     }
 };
 
@@ -101,7 +97,7 @@ MainWindow::MainWindow(const QSqlDatabase &db, qint32 userCode, zolt::clsLogon &
     setWindowTitle(QStringLiteral("Danh mục hàng hoá"));   // Qt appends the application's name
 
     m_user = scalar(db, QStringLiteral("SELECT [Name] FROM [User] WHERE Code = ?"), userCode).toString();
-    m_goods = new QSqlQueryModel(this);
+    m_goods = new GoodsModel(this);
     m_summary = new QLabel(this);
     m_filter = new ElidedLabel(this);
     m_filter->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -114,9 +110,9 @@ MainWindow::MainWindow(const QSqlDatabase &db, qint32 userCode, zolt::clsLogon &
     for (int column = 0; column < headers.size(); ++column)
         m_goods->setHeaderData(column, Qt::Horizontal, headers.at(column));
     auto *table = new QTableView(this);
+    table->setObjectName(QStringLiteral("Goods"));
+    table->setAccessibleName(QStringLiteral("Danh mục hàng hoá"));
     table->setModel(m_goods);
-    table->setItemDelegateForColumn(3, new PriceDelegate(table));
-    table->setItemDelegateForColumn(4, new DateDelegate(table));
     table->verticalHeader()->hide();
     table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 8);
     table->setSelectionBehavior(QAbstractItemView::SelectRows);

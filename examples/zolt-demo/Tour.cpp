@@ -3,6 +3,7 @@
 
 #include "Mnemonics.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
@@ -14,6 +15,7 @@
 #include <QAbstractItemView>
 #include <QListWidget>
 #include <QPushButton>
+#include <QRegularExpression>
 
 #include <cstdio>
 
@@ -54,6 +56,7 @@ Tour::Tour(const QString &folder)
         {QStringLiteral("FrmLogon"), QStringLiteral("03-logon-accepted"), click("CmdOk")},
         {QStringLiteral("MainWindow"), QStringLiteral("04-main-window"), [](QWidget *main) {
              checkMnemonics(main);
+             checkGoodsRead(main);
              triggerLater(main, "actionFind");
          }},
         {QStringLiteral("FrmFind"), QString(), [](QWidget *find) {
@@ -218,6 +221,24 @@ void Tour::checkMnemonics(QWidget *window)
             }
             letters << letter;
         }
+    }
+}
+
+// The goods list reads to a screen reader as it shows: by its name, and each
+// cell as displayed (prices "125.000", dates "01/01/2026"); the tour fails otherwise.
+void Tour::checkGoodsRead(QWidget *window)
+{
+    QAccessibleInterface *list = QAccessible::queryAccessibleInterface(window->findChild<QWidget *>(QStringLiteral("Goods")));
+    QAccessibleTableInterface *cells = list ? list->tableInterface() : nullptr;
+    const auto cell = [cells](int column) {
+        QAccessibleInterface *read = cells && cells->rowCount() > 0 ? cells->cellAt(0, column) : nullptr;
+        return read ? read->text(QAccessible::Name) : QString();
+    };
+    const QRegularExpression price(QStringLiteral("^\\d{1,3}(\\.\\d{3})*$")), date(QStringLiteral("^\\d\\d/\\d\\d/\\d{4}$"));
+    if (!cells || list->text(QAccessible::Name).isEmpty() || !price.match(cell(3)).hasMatch() || !date.match(cell(4)).hasMatch()) {
+        std::fprintf(stderr, "tour: the goods list reads \"%s\": \"%s\", \"%s\"\n",
+                     qPrintable(list ? list->text(QAccessible::Name) : QString()), qPrintable(cell(3)), qPrintable(cell(4)));
+        QApplication::exit(1);
     }
 }
 

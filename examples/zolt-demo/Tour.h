@@ -36,6 +36,7 @@ private:
     static void choose(QWidget *window, const char *combo, int index);
     static void press(QWidget *window, const char *field, Qt::Key key);
     static void checkMnemonics(QWidget *window);
+    static void checkGoodsRead(QWidget *window);
     static void openMenu(QWidget *window, const char *menu, int item);
     static void toggle(QWidget *window, const char *action);
     static QPixmap picture(QWidget *window);

@@ -56,7 +56,12 @@ int main(int argc, char **argv)
     }
     QSqlDatabase db = openDemoDatabase(path, goods, error);
     if (!db.isOpen()) {
-        QMessageBox::critical(nullptr, QString(), QStringLiteral("Không mở được dữ liệu %1:\n%2").arg(path, error));
+        const QString message = QStringLiteral("Không mở được dữ liệu %1:\n%2").arg(path, error);
+        std::fprintf(stderr, "%s\n", qPrintable(message));
+        // Without a display nobody could answer a message box.
+        const QString platform = QGuiApplication::platformName();
+        if (!options.isSet(tour) && platform != QLatin1String("offscreen") && platform != QLatin1String("minimal"))
+            QMessageBox::critical(nullptr, QString(), message);
         return 1;
     }
 

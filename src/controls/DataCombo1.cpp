@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "controls/DataCombo1.h"
 
+#include "controls/AccessibleNames.h"
 #include "controls/ComboSelection.h"
 #include "data/Conversions.h"
 #include "platform/KeyDelivery.h"
@@ -54,6 +55,7 @@ DataCombo1::DataCombo1(QWidget *parent)
     m_cmb1->setMouseTracking(true);
     m_cmb1->installEventFilter(this);
     setFocusProxy(m_cmb1);
+    KeepAccessibleName(m_cmb1);   // named by the control's name (its focus proxy), not by the item shown
     setFrameStyle(QFrame::NoFrame);
     connect(m_cmb1, &QComboBox::currentIndexChanged, this, &DataCombo1::Click);
     applyColors();

@@ -154,9 +154,12 @@ void FmSelHang::Load()
     ReadInfo(ListSql);
     SelectedValue = currentCode();
     Chosen = false;
-    TxtSelH->setText(SearchText);
+    const int coded = m_rows->rowOfCode(CurrentCode);
+    TxtSelH->setText(coded >= 0 ? QString() : SearchText);
     TxtSelH->setFocus();
-    if (m_rows->rowCount() > 0)
+    if (coded >= 0)
+        selectRow(coded);
+    else if (CurrentCode.isEmpty() && m_rows->rowCount() > 0)
         selectRow(0);
 }
 

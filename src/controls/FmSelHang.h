@@ -29,6 +29,10 @@ public:
     // Set by the caller: the query (code, then name) and the text typed so far.
     QString ListSql;
     QString SearchText;
+    // Set by the caller when the box may hold a code (a choice made before):
+    // the list opens on the row that carries it, the name box empty; when no
+    // row does, on no row, the name box holding SearchText.
+    QString CurrentCode;
     // The code of the row highlighted; "" when none is, or unless the dialog
     // was left by Chọn (Enter or a double click on the row).
     QString SelectedValue;

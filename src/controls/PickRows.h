@@ -24,6 +24,9 @@ public:
     const std::shared_ptr<const PackedStrings> &names() const { return m_names; }
     // The code of the row; "" for no row.
     QString code(int row) const;
+    // The first row that carries the code, compared as the database compares
+    // text (without regard to case); -1 when none does or the code is "".
+    int rowOfCode(const QString &code) const;
 
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;

@@ -3,8 +3,8 @@
 
 #include "data/Conversions.h"
 #include "data/Database.h"
+#include "data/Recordset.h"
 #include "data/SqlFunc.h"
-#include "search/MFind.h"
 
 #include <zolt/Error.h>
 
@@ -18,12 +18,13 @@ QString keyCondition(const QString &section, const QString &key)
            + QStringLiteral(" And KeyName=") + SqlValue(key, QStringLiteral("S"));
 }
 
-// 1 when the option's row exists, 0 when not, or the error number of the query.
+// 1 when the option's row exists, 0 when not, or the error number of the query
+// (a server away is told once, by the write that follows).
 qint32 optionExists(const QString &section, const QString &key)
 {
     Recordset rs;
-    const qint32 n = OpenQuery(rs, QStringLiteral("Select * From Options") + keyCondition(section, key));
-    return n != 0 ? n : (HasRows(rs) ? 1 : 0);
+    const qint32 n = rs.Open(QStringLiteral("Select * From Options") + keyCondition(section, key), CurrentConnection());
+    return n != 0 ? n : (rs.Eof() ? 0 : 1);
 }
 
 QString insertOption(const QString &section, const QString &key, const QString &value,

@@ -20,6 +20,16 @@ void RowSnapshot::Take(const Recordset &rs, const QStringList &columns)
     }
 }
 
+void RowSnapshot::Wrote(const QList<std::pair<QString, QVariant>> &values)
+{
+    for (const auto &[column, value] : values) {
+        for (auto &kept : m_values) {
+            if (kept.first.compare(column, Qt::CaseInsensitive) == 0)
+                kept.second = value;
+        }
+    }
+}
+
 QString RowSnapshot::StillHolds() const
 {
     QString condition;

@@ -22,6 +22,9 @@ public:
     // Keeps the current row's values of those of columns that rs has.
     void Take(const Recordset &rs, const QStringList &columns);
     void Clear() { m_values.clear(); }
+    // After a write that went through: the row now holds these values, and
+    // the next write compares against them (a column not kept stays unkept).
+    void Wrote(const QList<std::pair<QString, QVariant>> &values);
     // True when no row was read: nothing may be written on its strength.
     bool IsEmpty() const { return m_values.isEmpty(); }
     // " And [column]=value" for each value kept ("Is Null" for a Null).

@@ -66,7 +66,7 @@ QString SqlQuote(const QString &value, qint32 kind)
         return IsDate(literal) ? literal : QStringLiteral("1");
     }
     case 10:
-        return QLatin1Char('\'') + FixQuote(value) + QStringLiteral(" '");
+        return QLatin1Char('\'') + FixQuote(StoredWithBlank(value)) + QLatin1Char('\'');
     default:
         return QStringLiteral("1");
     }
@@ -93,6 +93,16 @@ QString AddSet(const QString &sql, const QString &column, const QString &value)
         return QString();
     return sql.left(p + 3) + column + QLatin1Char('=') + SqlQuote(value, 10) + QLatin1Char(',')
            + sql.mid(p + 3);
+}
+
+QString StoredWithBlank(const QString &typed)
+{
+    return typed + u' ';
+}
+
+QString WithoutAddedBlank(const QString &stored)
+{
+    return stored.endsWith(u' ') ? stored.chopped(1) : stored;
 }
 
 QString SqlValue(const QVariant &value, const QString &code)

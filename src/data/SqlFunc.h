@@ -25,6 +25,12 @@ QString AddValues(const QString &sql, const QString &column, const QString &valu
 // Adds "column=value," right after "SET " of "Update T Set A=x Where ...".
 QString AddSet(const QString &sql, const QString &column, const QString &value);
 
+// A value that AddValues or AddSet wrote is stored with the one blank their
+// literal adds: the stored text of what was typed, and the typed text of
+// what is stored (a value stored otherwise, without the blank, is kept whole).
+QString StoredWithBlank(const QString &typed);
+QString WithoutAddedBlank(const QString &stored);
+
 // A literal by type code: "N" number, "D" date, "S" or "" text, "LR" text
 // followed by "%", "LL" and "LA" text between "%"; "" for other codes.
 QString SqlValue(const QVariant &value, const QString &code);

@@ -165,7 +165,7 @@ void FmGrp::ViewInfo(qint32 Id)
             && HasRows(rs)) {
             m_read.Take(rs, {QStringLiteral("Name"), QStringLiteral("Des")});
             TxtName->setText(NullToStr(rs.Value(QStringLiteral("Name"))));
-            TxtDesc->setText(NullToStr(rs.Value(QStringLiteral("Des"))));
+            TxtDesc->setText(WithoutAddedBlank(NullToStr(rs.Value(QStringLiteral("Des")))));
         }
         if (OpenQuery(rs, QStringLiteral("Select [Name],[Dec] From [User] Where IdGroup=") + code) == 0) {
             for (; !rs.Eof(); rs.MoveNext())
@@ -197,8 +197,12 @@ qint32 FmGrp::WriteData(qint32 Id)
             return Execute(sql), 0;
         if (m_read.IsEmpty())
             return Error::NoCurrentRecord;   // the boxes were never filled from the group
-        // Renamed only while the group holds what the boxes were filled from.
-        return Execute(sql + m_read.StillHolds()) == 0 ? qint32(Error::NoCurrentRecord) : 0;
+        // Renamed only while the group holds what the boxes were filled from
+        // or this dialog wrote last.
+        if (Execute(sql + m_read.StillHolds()) == 0)
+            return Error::NoCurrentRecord;
+        m_read.Wrote({{QStringLiteral("Name"), TxtName->text()}, {QStringLiteral("Des"), StoredWithBlank(TxtDesc->text())}});
+        return 0;
     } catch (const Error &e) {
         m_writeFailure = e.number() == Error::ServerUnreachable ? u'\n' + e.description() : QString();
         return e.number();

@@ -5,6 +5,7 @@
 #include "data/Database.h"
 #include "data/General.h"
 #include "data/MdGrid.h"
+#include "data/SqlFunc.h"
 #include "msgbox/MdlMsg.h"
 #include "search/MFind.h"
 
@@ -101,7 +102,7 @@ void FrPms::ReadPms()
         if (OpenQuery(rs, QStringLiteral("Select * From Groups Where Code=") + QString::number(m_group)) != 0)
             return;
         LblTitle->setText(QStringLiteral("Tên nhóm là:") + NullToStr(rs.Value(QStringLiteral("Name")))
-                          + QStringLiteral(" - ") + NullToStr(rs.Value(QStringLiteral("Des"))));
+                          + QStringLiteral(" - ") + WithoutAddedBlank(NullToStr(rs.Value(QStringLiteral("Des")))));
         for (int k = 0; FirstRightsColumn + k < rs.FieldCount(); ++k) {
             m_rights << LngVal(rs.Value(FirstRightsColumn + k));
             m_columns << rs.FieldName(FirstRightsColumn + k);

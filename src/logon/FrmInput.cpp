@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "logon/FrmInput.h"
 
+#include "controls/AccessibleNames.h"
 #include "data/Conversions.h"
 #include "data/General.h"
 #include "data/KeyPreview.h"
 #include "data/MdGrid.h"
+#include "data/SqlFunc.h"
 #include "logon/MdlLogon.h"
 #include "logon/PasswordStore.h"
 #include "logon/QuoteGuard.h"
@@ -60,6 +62,7 @@ FrmInput::FrmInput(QWidget *parent)
     Label5 = Named(new QLabel(QStringLiteral("Bộ phận"), this), "Label5");
     TxtIdGroup = Named(new QComboBox(this), "TxtIdGroup");
     TxtIdGroup->setSizeAdjustPolicy(QComboBox::AdjustToContents);   // "name-description" shown whole
+    KeepAccessibleName(TxtIdGroup);
     // A screen reader names each box by its label.
     for (const auto &[label, box] : {std::pair<QLabel *, QWidget *>{Label1, Txtuser}, {Label2, TxtPass},
                                      {Label4, txtConfirm}, {Label3, TxtDes}, {Label5, TxtIdGroup}})
@@ -137,7 +140,8 @@ void FrmInput::ReadDict(QComboBox *Cmb, const QString &Tbl)
     Cmb->clear();
     try {
         for (; opened && !rs.Eof(); rs.MoveNext())
-            Cmb->addItem(NullToStr(rs.Value(1)) + QLatin1Char('-') + NullToStr(rs.Value(2)), LngVal(rs.Value(0)));
+            Cmb->addItem(NullToStr(rs.Value(1)) + QLatin1Char('-') + WithoutAddedBlank(NullToStr(rs.Value(2))),
+                        LngVal(rs.Value(0)));
     } catch (const Error &) {
         // a table of fewer columns gives no entries
     }

@@ -49,6 +49,7 @@ FrmLogon::FrmLogon(QWidget *parent)
     Image1 = Named(new QLabel(this), "Image1");
     Image1->setPixmap(QPixmap(QStringLiteral(":/zolt/logon.png")));
     Image1->setAlignment(Qt::AlignTop | Qt::AlignHCenter);
+    Image1->setAccessibleName(QStringLiteral("Hình đăng nhập"));
 
     auto *fields = new QGridLayout;
     fields->addWidget(Label1, 0, 0);

@@ -4,6 +4,7 @@
 #include "data/Conversions.h"
 #include "data/MdGrid.h"
 #include "data/Recordset.h"
+#include "data/SqlFunc.h"
 #include "search/MFind.h"
 
 #include <zolt/Error.h>
@@ -22,7 +23,7 @@ qint32 GroupRows::readPage(QList<Row> *rows) const
         const int name = rs.FieldPosition(QStringLiteral("Name"));
         const int description = rs.FieldPosition(QStringLiteral("Des"));
         for (; !rs.Eof(); rs.MoveNext())
-            rows->append({LngVal(rs.Value(code)), NullToStr(rs.Value(name)) + u'-' + NullToStr(rs.Value(description))});
+            rows->append({LngVal(rs.Value(code)), NullToStr(rs.Value(name)) + u'-' + WithoutAddedBlank(NullToStr(rs.Value(description)))});
     } catch (const Error &e) {
         return e.number();
     }

@@ -73,6 +73,16 @@ QColor DisabledInkOn(const QColor &selection)
     return dimmed;
 }
 
+// The band behind a highlighted disabled item: a light tint of the
+// selection, so that it is told from an enabled one at a glance, while its
+// caption (dimmed as far as it reads) stays readable on it.
+QColor DisabledBand(const QColor &selection, const QColor &menu)
+{
+    const auto mix = [](float a, float b) { return a * 0.25f + b * 0.75f; };
+    return QColor::fromRgbF(mix(selection.redF(), menu.redF()), mix(selection.greenF(), menu.greenF()),
+                            mix(selection.blueF(), menu.blueF()));
+}
+
 // The picture's shape in one colour, at the picture's own pixel ratio.
 QImage Silhouette(const QPixmap &picture, const QColor &colour)
 {
@@ -202,15 +212,23 @@ void CoolMenuStyle::OnDrawItem(const QStyleOptionMenuItem &item, QPainter *paint
     const QRect arrow(text.right() + 1, r.top(), ArrowColumn, r.height());
 
     // The caption stands on the selection; the other parts only when it is full.
+    // A disabled item's selection is a tint inside an outline of the selection's colour.
     const QColor selection = OleColorToQColor(m_wnd.SelectColor, item.palette);
+    const QColor behind = enabled ? selection : DisabledBand(selection, item.palette.color(QPalette::Window));
     const QColor disabled = item.palette.color(QPalette::Disabled, QPalette::Text);
     const QColor plain = enabled ? OleColorToQColor(m_wnd.ForeColor, item.palette) : disabled;
-    const QColor onSelection = enabled ? InkOn(selection) : DisabledInkOn(selection);
+    const QColor onSelection = enabled ? InkOn(behind) : DisabledInkOn(behind);
     const QColor ink = selected && m_wnd.FullSelect ? onSelection : plain;
     if (selected) {
-        const QRect band = m_wnd.FullSelect ? r.adjusted(Margin, 0, -Margin, 0)
-                                            : QRect(text.left() - 3, r.top() + 1, CaptionWidth(QFontMetrics(font), caption) + 6, r.height() - 2);
-        painter->fillRect(visualRect(direction, r, band), selection);
+        const QRect band = visualRect(direction, r,
+                                      m_wnd.FullSelect ? r.adjusted(Margin, 0, -Margin, 0)
+                                                       : QRect(text.left() - 3, r.top() + 1,
+                                                               CaptionWidth(QFontMetrics(font), caption) + 6, r.height() - 2));
+        painter->fillRect(band, behind);
+        if (!enabled) {
+            painter->setPen(selection);
+            painter->drawRect(band.adjusted(0, 0, -1, -1));
+        }
     }
     if (data.bAsCheck || data.bAsMark)
         DrawCheck(painter, visualRect(direction, r, check.width() ? check : picture), item, data.bAsMark, ink);

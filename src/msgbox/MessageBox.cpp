@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "msgbox/MessageBox.h"
 
+#include "controls/AccessibleNames.h"
 #include "data/Conversions.h"
 #include "data/General.h"
 #include "data/KeyPreview.h"
@@ -86,10 +87,12 @@ QFrame *makeLine(QWidget *parent, const char *name, QFrame::Shape shape)
     return line;
 }
 
-QLabel *makePicture(QWidget *parent, const char *name, const QString &resource, bool shown)
+// Each picture is named for a screen reader by what it tells.
+QLabel *makePicture(QWidget *parent, const char *name, const QString &resource, const char *meaning, bool shown)
 {
     auto *picture = new QLabel(parent);
     picture->setObjectName(QLatin1String(name));
+    picture->setAccessibleName(QString::fromUtf8(meaning));
     picture->setPixmap(QPixmap(resource));
     picture->setGeometry(ToPixels(IconLeft), ToPixels(ContentTop), ToPixels(IconSize), ToPixels(IconSize));
     picture->setVisible(shown);
@@ -122,16 +125,19 @@ MessageBox::MessageBox(QWidget *parent)
     Line3 = makeLine(this, "Line3", QFrame::VLine);
     Line2 = makeLine(this, "Line2", QFrame::VLine);
     Line1 = makeLine(this, "Line1", QFrame::HLine);
-    micon = makePicture(this, "micon", QStringLiteral(":/zolt/information.png"), true);
-    q = makePicture(this, "q", QStringLiteral(":/zolt/question.png"), false);
-    Info = makePicture(this, "Info", QStringLiteral(":/zolt/information.png"), false);
-    Ex = makePicture(this, "Ex", QStringLiteral(":/zolt/exclamation.png"), false);
-    stop = makePicture(this, "stop", QStringLiteral(":/zolt/stop.png"), false);
+    micon = makePicture(this, "micon", QStringLiteral(":/zolt/information.png"), "Thông báo", true);
+    q = makePicture(this, "q", QStringLiteral(":/zolt/question.png"), "Câu hỏi", false);
+    Info = makePicture(this, "Info", QStringLiteral(":/zolt/information.png"), "Thông báo", false);
+    Ex = makePicture(this, "Ex", QStringLiteral(":/zolt/exclamation.png"), "Cảnh báo", false);
+    stop = makePicture(this, "stop", QStringLiteral(":/zolt/stop.png"), "Lỗi", false);
     Message = new QLabel(this);
     Message->setObjectName(QStringLiteral("Message"));
     Message->setTextFormat(Qt::PlainText);
     Message->move(ToPixels(MessageLeft), ToPixels(ContentTop));
     Label5->lower();
+    // A screen reader announces the box as an alert: the caption as its name,
+    // the message as its description.
+    AnnounceAsAlert(this);
 
     // The designed tab order puts the second button first, so that a hasty
     // Enter does not answer yes to a question.
@@ -181,7 +187,7 @@ qint32 MessageBox::GetReturn(const QString &St, const QString &sTag)
     // Each test looks for a tag or a caption; the No test's tag has a
     // trailing blank, and Ignore's is Abort's.
     static const std::pair<ButtonLook, qint32> tests[] = {
-        {Ok, 1}, {Cancel, 2}, {Yes, 6}, {{No.caption, "NO "}, 7}, {Abort, 3}, {Retry, 4}, {Ignore, 5}};
+        {Ok, 1}, {Cancel, 2}, {Yes, 6}, {{No.caption, "NO ", 7}, 7}, {Abort, 3}, {Retry, 4}, {Ignore, 5}};
     qint32 code = 0;
     for (const auto &[look, value] : tests) {
         if (sTag == QLatin1String(look.tag) || St.contains(QString::fromUtf8(look.caption)))
@@ -193,11 +199,13 @@ qint32 MessageBox::GetReturn(const QString &St, const QString &sTag)
 void MessageBox::SetTitle(const QString &title)
 {
     label4->setText(title);
+    setWindowTitle(title);
 }
 
 void MessageBox::SetMessage(const QString &text)
 {
     Message->setText(text);
+    setAccessibleDescription(text);
     const QFontMetrics metrics(Message->font());
     const QRect single = metrics.boundingRect(QRect(), Qt::TextExpandTabs, text);
     const bool wraps = single.width() > ToPixels(MessageMaxWidth);
@@ -237,8 +245,10 @@ void MessageBox::SetIcon(qint32 icon)
 {
     const QLabel *source = icon == vbCritical ? stop : icon == vbQuestion ? q
                          : icon == vbExclamation ? Ex : icon == vbInformation ? Info : nullptr;
-    if (source)
-        micon->setPixmap(source->pixmap());
+    if (!source)
+        return;
+    micon->setPixmap(source->pixmap());
+    micon->setAccessibleName(source->accessibleName());
 }
 
 void MessageBox::SetRightToLeft(bool rightToLeft)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "search/FrmFind.h"
 
+#include "controls/AccessibleNames.h"
 #include "controls/DataCombo1.h"
 #include "controls/FmSelHang.h"
 #include "data/ClerkComparisons.h"
@@ -41,6 +42,22 @@ Control *element(Control *control, const char *name, int index)
     return control;
 }
 
+// The pick list of a relation: the rows whose names begin with typed.
+QString pickListSql(const QString &relation, const QString &typed)
+{
+    const QString query = UCase(relation).startsWith(QLatin1String("SELECT"))
+                              ? relation
+                              : QStringLiteral("Select * From ") + relation + QStringLiteral(" Where Name ");
+    return ClerkComparisons(CurrentConnection(),
+                            query + QStringLiteral("  Like ") + SqlValue(typed, QStringLiteral("LR")));
+}
+
+bool hasRows(const QString &sql)
+{
+    Recordset rs;
+    return OpenQuery(rs, sql, Cursor::ForwardOnly) == 0 && HasRows(rs);
+}
+
 } // namespace
 
 FrmFind::FrmFind(QWidget *parent)
@@ -53,21 +70,28 @@ FrmFind::FrmFind(QWidget *parent)
     auto *rows = new QGridLayout;
     rows->setHorizontalSpacing(8);
     rows->setVerticalSpacing(8);
-    const char *headings[] = {"Nối", "Trường", "So sánh", "Giá trị"};
-    for (int column = 0; column < 4; ++column)
-        rows->addWidget(new QLabel(QString::fromUtf8(headings[column]), this), 0, column);
+    const char *const headings[] = {"Nối", "Trường", "So sánh", "Giá trị"};
+    QLabel *heading[4];
+    for (int column = 0; column < 4; ++column) {
+        heading[column] = new QLabel(QString::fromUtf8(headings[column]), this);
+        rows->addWidget(heading[column], 0, column);
+    }
+    // A screen reader names each control by its column and row, whatever it
+    // holds, and tells the column's heading as its label.
+    const auto name = [&](QWidget *control, int column, int i) {
+        control->setAccessibleName(heading[column]->text() + QStringLiteral(" dòng %1").arg(i + 1));
+        SetAccessibleHeading(control, heading[column]);
+    };
     for (int i = 0; i < Rows; ++i) {
         cmbLg[i] = i == 0 ? nullptr : element(new DataCombo1(this), "cmbLg", i);
         CmbFld[i] = element(new DataCombo1(this), "CmbFld", i);
         CmbPredicate[i] = element(new DataCombo1(this), "CmbPredicate", i);
         MskValue[i] = element(new QLineEdit(this), "MskValue", i);
-        // A screen reader names each control by its column and row.
-        const QString row = QStringLiteral(" dòng %1").arg(i + 1);
-        CmbFld[i]->Cmb1()->setAccessibleName(QString::fromUtf8(headings[1]) + row);
-        CmbPredicate[i]->Cmb1()->setAccessibleName(QString::fromUtf8(headings[2]) + row);
-        MskValue[i]->setAccessibleName(QString::fromUtf8(headings[3]) + row);
+        name(CmbFld[i], 1, i);
+        name(CmbPredicate[i], 2, i);
+        name(MskValue[i], 3, i);
         if (cmbLg[i]) {
-            cmbLg[i]->Cmb1()->setAccessibleName(QString::fromUtf8(headings[0]) + row);
+            name(cmbLg[i], 0, i);
             rows->addWidget(cmbLg[i], i + 1, 0);
         }
         rows->addWidget(CmbFld[i], i + 1, 1);
@@ -345,20 +369,23 @@ void FrmFind::rowChanged(int Index)
     SetEnable();
 }
 
-// F2 in a value box opens the field's pick list; a choice fills the box and
-// moves on.
+// F2 in a value box opens the field's pick list on the names that begin with
+// what the box holds. Text that begins no name is taken for a code of the
+// list (what a choice put there): the whole list opens on its row. A choice
+// fills the box and moves on.
 void FrmFind::lookUp(int Index)
 {
     const QString relation = FieldRelation.value(CmbFld[Index]->ListIndex());
     if (relation.isEmpty())
         return;
-    QString query = UCase(relation).startsWith(QLatin1String("SELECT"))
-                        ? relation
-                        : QStringLiteral("Select * From ") + relation + QStringLiteral(" Where Name ");
-    query += QStringLiteral("  Like ") + SqlValue(MskValue[Index]->text(), QStringLiteral("LR"));
+    const QString typed = MskValue[Index]->text();
     FmSelHang pick(this);
-    pick.ListSql = ClerkComparisons(CurrentConnection(), query);
-    pick.SearchText = MskValue[Index]->text();
+    pick.ListSql = pickListSql(relation, typed);
+    pick.SearchText = typed;
+    if (!typed.isEmpty() && !hasRows(pick.ListSql)) {
+        pick.ListSql = pickListSql(relation, QString());
+        pick.CurrentCode = typed;
+    }
     pick.exec();
     if (!pick.SelectedValue.isEmpty()) {
         MskValue[Index]->setText(pick.SelectedValue);

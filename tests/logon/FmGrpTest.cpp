@@ -288,3 +288,43 @@ TEST_P(FmGrpTest, ManyGroupsAreReadAsShownAndSelectingAllTakesEveryOne)
     });
     EXPECT_EQ(db.scalar(u"Select Count(*) From Groups"_s).toInt(), 2);   // groups 1 and 8 stay
 }
+
+// One clerk saves the same group again and again: each save compares against
+// what the one before wrote, and the description keeps the one blank its
+// statement adds, shown as typed. Another desk's change after a save is still told.
+TEST_P(FmGrpTest, TheSameGroupSavedAgainAndAgainIsStoredAsTyped)
+{
+    QStringList told;
+    groups([&](QWidget *form) {
+        clickGroup(list(form), 5);
+        test::answerMessages(&told);
+        retype(box(form, "TxtName"), u"Kho hàng"_s);
+        click(form, "CmdWrite");
+        retype(box(form, "TxtName"), u"Kho hàng chính"_s);
+        click(form, "CmdWrite");
+        click(form, "CmdWrite");   // at once, unchanged
+        retype(box(form, "TxtDesc"), u"Thủ kho và kế toán"_s);
+        test::pressMnemonic(form, "CmdWrite", Qt::Key_G);
+        EXPECT_TRUE(texts(list(form)).contains(u"Kho hàng chính-Thủ kho và kế toán"_s));
+        click(form, "CmdExit");
+    });
+    EXPECT_EQ(told, QStringList());
+    EXPECT_EQ(db.scalar(u"Select [Name] From Groups Where Code=5"_s).toString(), u"Kho hàng chính"_s);
+    EXPECT_EQ(db.scalar(u"Select Des From Groups Where Code=5"_s).toString(), u"Thủ kho và kế toán "_s);
+
+    groups([&](QWidget *form) {
+        EXPECT_TRUE(texts(list(form)).contains(u"Kho hàng chính-Thủ kho và kế toán"_s)) << texts(list(form)).join(u',').toStdString();
+        clickGroup(list(form), 5);
+        EXPECT_EQ(box(form, "TxtDesc")->text(), u"Thủ kho và kế toán"_s);
+        click(form, "CmdWrite");
+        click(form, "CmdWrite");
+        db.exec(u"Update Groups Set Des='Kho tổng' Where Code=5"_s);   // another desk, after this desk's saves
+        test::answerMessages(&told);
+        retype(box(form, "TxtName"), u"Kho lẻ"_s);
+        click(form, "CmdWrite");
+        click(form, "CmdExit");
+    });
+    EXPECT_EQ(told, QStringList{u"Save Error|Nhóm này vừa được sửa hoặc xoá ở máy khác. Danh sách nhóm đã được đọc lại."_s});
+    EXPECT_EQ(db.scalar(u"Select [Name] From Groups Where Code=5"_s).toString(), u"Kho hàng chính"_s);
+    EXPECT_EQ(db.scalar(u"Select Des From Groups Where Code=5"_s).toString(), u"Kho tổng"_s);
+}

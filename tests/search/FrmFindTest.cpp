@@ -206,6 +206,75 @@ TEST_P(FrmFindTest, F2LooksTheValueUpAndAChoiceMovesOn)
     }
 }
 
+// F2 on what the box holds: typed text narrows the list to the names it
+// begins; a code of the list (what a choice put there, or typed by hand)
+// opens the whole list on its row; text that is neither opens the whole list
+// on no row, so that Enter chooses nothing.
+TEST_P(FrmFindTest, F2OnACodeOfTheListOpensTheWholeListOnItsRow)
+{
+    struct Case {
+        const char *box;
+        QStringList names;    // the list shown
+        const char *current;  // its highlighted name ("" for none)
+        const char *typed;    // the name box
+        const char *after;    // the value box after Enter in the list
+    };
+    const QStringList all = {u"Kế toán"_s, u"Bán hàng"_s};
+    const Case cases[] = {
+        {"", all, "Kế toán", "", "KT"},
+        {"ban", {u"Bán hàng"_s}, "Bán hàng", "ban", "BH"},
+        {"BH", all, "Bán hàng", "", "BH"},
+        {"kt", all, "Kế toán", "", "KT"},
+        {"zz", all, "", "zz", "zz"},
+    };
+    for (const Case &c : cases) {
+        find([&](QWidget *form) {
+            choose(combo(form, "CmbFld", 0), 3);
+            choose(combo(form, "CmbPredicate", 0), 0);
+            test::retype(value(form, 0), QString::fromUtf8(c.box));
+            test::whenModalShows([&](QWidget *pick) {
+                QListView *names = child<QListView>(pick, "lv1IP");
+                QStringList shown;
+                for (int row = 0; row < names->model()->rowCount(); ++row)
+                    shown << names->model()->index(row, 0).data().toString();
+                EXPECT_EQ(shown, c.names) << c.box;
+                EXPECT_EQ(names->currentIndex().data().toString(), QString::fromUtf8(c.current)) << c.box;
+                EXPECT_EQ(child<QLineEdit>(pick, "TxtSelH")->text(), QString::fromUtf8(c.typed)) << c.box;
+                QTest::keyClick(names, Qt::Key_Return);
+                if (pick->isVisible())
+                    test::click(pick, "CmdQuit");
+            }, 5000, "FmSelHang");
+            QTest::keyClick(value(form, 0), Qt::Key_F2);
+            EXPECT_EQ(value(form, 0)->text(), QString::fromUtf8(c.after)) << c.box;
+            test::click(form, "CmdCancel");
+        });
+    }
+    // A choice, then F2 again at once: the list it came from, on the row chosen.
+    EXPECT_EQ(find([](QWidget *form) {
+        choose(combo(form, "CmbFld", 0), 3);
+        choose(combo(form, "CmbPredicate", 0), 0);
+        value(form, 0)->setFocus();
+        test::whenModalShows([](QWidget *pick) {
+            test::typeText(child<QLineEdit>(pick, "TxtSelH"), u"ban"_s);
+            QTest::keyClick(child<QLineEdit>(pick, "TxtSelH"), Qt::Key_Return);
+            QTest::keyClick(child<QListView>(pick, "lv1IP"), Qt::Key_Return);
+        }, 5000, "FmSelHang");
+        QTest::keyClick(value(form, 0), Qt::Key_F2);
+        EXPECT_EQ(value(form, 0)->text(), "BH");
+        value(form, 0)->setFocus();
+        test::whenModalShows([](QWidget *pick) {
+            QListView *names = child<QListView>(pick, "lv1IP");
+            EXPECT_EQ(names->model()->rowCount(), 2);
+            EXPECT_EQ(names->currentIndex().data().toString(), u"Bán hàng"_s);
+            QTest::keyClick(child<QLineEdit>(pick, "TxtSelH"), Qt::Key_Up);   // to Kế toán, and chosen
+            QTest::keyClick(child<QLineEdit>(pick, "TxtSelH"), Qt::Key_Return);
+            QTest::keyClick(names, Qt::Key_Return);
+        }, 5000, "FmSelHang");
+        QTest::keyClick(value(form, 0), Qt::Key_F2);
+        test::click(form, "CmdOK");
+    }), "(Phong  =  'KT')");
+}
+
 TEST_P(FrmFindTest, TypedValuesNeverMatchMoreThanTheyMean)
 {
     const QString hostile[] = {u"x'y"_s, u"' Or '1'='1"_s, u"Binh') Or ('1'='1"_s, u"1; Delete From NhanVien"_s,
