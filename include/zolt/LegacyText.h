@@ -46,8 +46,9 @@ ZOLT_EXPORT QByteArray EncodeTcvn3(QStringView text, qint32 *unencodable = nullp
 
 // VNI-Windows bytes to Unicode: a letter is a base byte and a mark byte
 // ("aø" is "à"), read as a pair first since some bases are letters of their
-// own ("ô" is "ơ", "ôø" is "ờ"). A mark byte without its base has no meaning:
-// kept as its Windows-1252 character and counted in *unconvertible.
+// own ("ô" is "ơ", "ôø" is "ờ"). A mark byte without its base (a tone typed
+// before its vowel) marks nothing: it is dropped, the clerk having meant the
+// word without it, and counted in *unconvertible.
 ZOLT_EXPORT QString DecodeVni(QByteArrayView bytes, qint32 *unconvertible = nullptr);
 ZOLT_EXPORT QByteArray EncodeVni(QStringView text, qint32 *unencodable = nullptr);
 
@@ -55,6 +56,9 @@ ZOLT_EXPORT QByteArray EncodeVni(QStringView text, qint32 *unencodable = nullptr
 // character that reading cannot give. The five bytes Windows-1252 leaves
 // undefined read as the control characters of the same number.
 ZOLT_EXPORT bool AnsiBytes(QStringView text, QByteArray *bytes);
+// Whether text is the Windows-1252 reading of some bytes (AnsiBytes would
+// give them): false for a text holding a letter beyond that code page.
+ZOLT_EXPORT bool IsAnsiText(QStringView text);
 ZOLT_EXPORT QString AnsiText(QByteArrayView bytes);
 
 // A database value in the given encoding as Unicode text, composed: text for

@@ -3,6 +3,7 @@
 
 #include <QHash>
 
+#include <algorithm>
 #include <array>
 
 namespace zolt {
@@ -211,7 +212,10 @@ bool decodeVni(qsizetype count, ByteOf byteOf, QString *out, qint32 *unconvertib
                 continue;
             }
         }
-        loose += pairs.isMark[b];
+        if (pairs.isMark[b]) {   // a mark typed before its vowel, or without one: it marks nothing
+            ++loose;
+            continue;
+        }
         to[n++] = table[b];
     }
     out->truncate(n);
@@ -342,6 +346,11 @@ bool AnsiBytes(QStringView text, QByteArray *bytes)
         (*bytes)[i] = char(b);
     }
     return true;
+}
+
+bool IsAnsiText(QStringView text)
+{
+    return std::all_of(text.begin(), text.end(), [](QChar c) { return ansiByte(c.unicode()) >= 0; });
 }
 
 QString AnsiText(QByteArrayView bytes)

@@ -17,8 +17,9 @@ struct SyllableCount {
     int valid = 0;   // of those, Vietnamese syllables
 };
 
-// Counts the words of text that hold a character outside ASCII; words are
-// split at blanks and at ASCII characters other than letters.
+// Counts the words of text that hold a character outside ASCII and a letter
+// (a sign alone is no word); words are split at blanks and at ASCII
+// characters other than letters.
 SyllableCount CountSyllables(QStringView text);
 
 } // namespace zolt

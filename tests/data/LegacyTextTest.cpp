@@ -107,7 +107,7 @@ TEST(LegacyText, KnownPitfallsDecodeRight)
         {"vni capitals", QByteArray("TR\xD6\xD4\xD8NG \xD1\x41\xCFI H\x4F\xCF" "C"), TextEncoding::Vni, false,
          "TRƯỜNG ĐẠI HỌC", 0},
         {"vni as Windows-1252", QStringLiteral("Tieáng Vieät"), TextEncoding::VniAnsi, false, "Tiếng Việt", 0},
-        {"vni mark alone", QByteArray("x\xF8"), TextEncoding::Vni, false, "xø", 1},
+        {"vni mark alone", QByteArray("x\xF8"), TextEncoding::Vni, false, "x", 1},
         {"decomposed Unicode is composed", nfd, TextEncoding::Unicode, false, "Người", 0},
         {"Unicode is never converted twice", QStringLiteral("Người"), TextEncoding::Tcvn3Ansi, false, "Người", 0},
         {"UTF-8 bytes", QStringLiteral("Đà Nẵng").toUtf8(), TextEncoding::Unicode, false, "Đà Nẵng", 0},
@@ -153,6 +153,8 @@ TEST(LegacyText, EachValueIsGuessedFromHowVietnameseItsReadingLooks)
     EXPECT_EQ(GuessEncoding(QStringLiteral("Café crème")).encoding, TextEncoding::Unicode);
 }
 
+// A column reads as the legacy encoding its values hold; values already in
+// Unicode beside it are kept, and only TCVN3 beside VNI is a mix.
 TEST(LegacyText, AColumnIsOneEncodingOrReportedAsMixed)
 {
     const QStringList names{QStringLiteral("Gạo tám thơm"), QStringLiteral("Đường kính trắng"),
@@ -160,10 +162,11 @@ TEST(LegacyText, AColumnIsOneEncodingOrReportedAsMixed)
                             QStringLiteral("Dầu ăn"), QStringLiteral("Nước ngọt"), QStringLiteral("Chè xanh"),
                             QStringLiteral("Cà phê"), QStringLiteral("Muối iốt"), QStringLiteral("Bột giặt"),
                             QStringLiteral("Xà phòng"), QStringLiteral("Kẹo lạc")};
-    QList<QVariant> tcvn3, mixed;
+    QList<QVariant> tcvn3, withUnicode, mixed;
     for (const QString &name : names) {
         tcvn3 += tcvn3Ansi(name);
-        mixed += mixed.size() % 2 ? QVariant(name) : QVariant(tcvn3Ansi(name));
+        withUnicode += withUnicode.size() % 2 ? QVariant(name) : QVariant(tcvn3Ansi(name));
+        mixed += mixed.size() % 2 ? QVariant(vniAnsi(name)) : QVariant(tcvn3Ansi(name));
     }
     tcvn3 += QStringLiteral("Bia 333");
     tcvn3 += QVariant();
@@ -171,6 +174,51 @@ TEST(LegacyText, AColumnIsOneEncodingOrReportedAsMixed)
     EXPECT_EQ(column.encoding, TextEncoding::Tcvn3Ansi);
     EXPECT_EQ(column.counts.value(TextEncoding::Ascii), 1);
     EXPECT_GT(column.score, 0.9);
+    const ColumnGuess beside = GuessColumn(withUnicode);
+    EXPECT_EQ(beside.encoding, TextEncoding::Tcvn3Ansi);
+    EXPECT_EQ(beside.certain.value(TextEncoding::Unicode), 6);
     EXPECT_EQ(GuessColumn(mixed).encoding, TextEncoding::Mixed);
     EXPECT_EQ(GuessColumn({QStringLiteral("A1"), QStringLiteral("B2")}).encoding, TextEncoding::Ascii);
+}
+
+// The shop's misreadings, each value as it was stored and as it is meant.
+TEST(LegacyText, ReadingsThatMakeNoSyllablesLoseToOnesThatDo)
+{
+    struct Case {
+        QString stored;
+        TextEncoding encoding;
+        bool certain;
+    };
+    const Case cases[] = {
+        {QStringLiteral("Kho Coâng Ty"), TextEncoding::VniAnsi, true},   // TCVN3 reads "Kho Coõng Ty"
+        {QStringLiteral("Coâng Trình"), TextEncoding::VniAnsi, true},    // TCVN3 reads "Coõng Trỡnh"
+        {QStringLiteral("Caùt (vaøng)"), TextEncoding::VniAnsi, true},
+        {QStringLiteral("Cát (vàng)"), TextEncoding::Unicode, true},
+        {QStringLiteral("£"), TextEncoding::Unicode, true},              // a sign, no word: TCVN3 "Ê" is no evidence
+        {QStringLiteral("Toát"), TextEncoding::Unicode, false},          // "toát", and VNI for "Tốt"
+    };
+    for (const Case &c : cases) {
+        const EncodingGuess guess = GuessEncoding(c.stored);
+        EXPECT_EQ(guess.encoding, c.encoding) << c.stored.toStdString();
+        EXPECT_EQ(guess.certain(), c.certain) << c.stored.toStdString() << " or " << EncodingName(guess.alternative).toStdString();
+    }
+    EXPECT_EQ(GuessEncoding(QStringLiteral("Toát")).alternative, TextEncoding::VniAnsi);
+}
+
+TEST(LegacyText, AValueOfATcvn3RunAndAVniRunReadsRunByRun)
+{
+    EXPECT_EQ(ReadRuns(QStringLiteral("§Çu n¨m: Xe oâ toâ taûi")), QStringLiteral("Đầu năm: Xe ô tô tải"));
+    EXPECT_EQ(ReadRuns(QByteArray("Xe o\xE2 to\xE2 ta\xFBi \xAE\xC7u n\xA8m")), QStringLiteral("Xe ô tô tải đầu năm"));
+    EXPECT_EQ(ReadRuns(QStringLiteral("Xe oâ toâ taûi")), std::nullopt);   // VNI throughout
+    EXPECT_EQ(ReadRuns(QStringLiteral("Xe ô tô tải")), std::nullopt);
+}
+
+// A VNI tone typed before its vowel ("ngùöôøi", which the old font showed as
+// "người" with a stray accent over the g) attaches to nothing: dropped.
+TEST(LegacyText, AStrayVniMarkIsDroppedAndCounted)
+{
+    qint32 stray = 0;
+    EXPECT_EQ(ToUnicode(QStringLiteral("ngùöôøi"), TextEncoding::VniAnsi, false, &stray), QStringLiteral("người"));
+    EXPECT_EQ(stray, 1);
+    EXPECT_EQ(GuessEncoding(QStringLiteral("Nhaân vieân ngùöôøi")).encoding, TextEncoding::VniAnsi);
 }

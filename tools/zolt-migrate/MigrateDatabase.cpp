@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "MigrateDatabase.h"
 
+#include "AccessDriver.h"
+#include "Language.h"
+
+#include <QFile>
 #include <QFileInfo>
 #include <QSqlDriver>
 #include <QSqlError>
@@ -11,7 +15,77 @@
 
 namespace zolt::migrate {
 
-bool OpenDatabase(const QString &address, const QString &connectionName, bool create, Database *out, QString *error)
+namespace {
+
+enum class FileKind { Missing, Folder, Empty, SQLite, Access, Other };
+
+// What a file holds, known by its first bytes.
+FileKind kindOf(const QString &path)
+{
+    const QFileInfo info(path);
+    if (!info.exists())
+        return FileKind::Missing;
+    if (info.isDir())
+        return FileKind::Folder;
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return FileKind::Other;
+    const QByteArray head = file.read(32);
+    if (head.isEmpty())
+        return FileKind::Empty;
+    if (head.startsWith(QByteArrayView("SQLite format 3\0", 16)))
+        return FileKind::SQLite;
+    if (head.mid(4, 15) == "Standard Jet DB" || head.mid(4, 15) == "Standard ACE DB")
+        return FileKind::Access;
+    return FileKind::Other;
+}
+
+// Why a file cannot be the source or the target, and what to do; "" when it can.
+QString unfitFile(const QString &path, FileKind kind, bool target)
+{
+    switch (kind) {
+    case FileKind::Missing:
+        return target ? QString()
+                      : Say("Không có tệp %1: hãy chỉ tệp dữ liệu của chương trình cũ (Access .mdb hoặc SQLite) "
+                            "hoặc địa chỉ một máy chủ.",
+                            "There is no file %1: name the old program's data file (an Access .mdb or an SQLite "
+                            "file) or a server's address.")
+                            .arg(path);
+    case FileKind::Folder:
+        return Say("%1 là một thư mục, không phải cơ sở dữ liệu: hãy chỉ một tệp.",
+                   "%1 is a folder, not a database: name a file.")
+            .arg(path);
+    case FileKind::Empty:
+        return target ? QString()
+                      : Say("%1 là tệp rỗng, không phải cơ sở dữ liệu: hãy chỉ tệp chương trình cũ lưu dữ liệu.",
+                            "%1 is an empty file, not a database: name the file the old program kept its data in.")
+                            .arg(path);
+    case FileKind::SQLite: return QString();
+    case FileKind::Access:
+        return target ? Say("%1 là tệp Access, zolt-migrate chỉ đọc được: hãy chỉ một tệp SQLite mới hoặc một "
+                            "cơ sở dữ liệu PostgreSQL làm đích.",
+                            "%1 is an Access file, which zolt-migrate only reads: name a new SQLite file or a "
+                            "PostgreSQL database as the target.")
+                            .arg(path)
+                      : QString();
+    case FileKind::Other:
+        return target ? Say("%1 chứa thứ không phải cơ sở dữ liệu SQLite: hãy chỉ một tệp mới hoặc một cơ sở dữ "
+                            "liệu PostgreSQL làm đích.",
+                            "%1 holds something that is not an SQLite database: name a new file or a PostgreSQL "
+                            "database as the target.")
+                            .arg(path)
+                      : Say("%1 không phải cơ sở dữ liệu Access hay SQLite: hãy chỉ tệp chương trình cũ lưu dữ liệu.",
+                            "%1 is neither an Access nor an SQLite database: name the file the old program kept "
+                            "its data in.")
+                            .arg(path);
+    }
+    return {};
+}
+
+} // namespace
+
+bool OpenDatabase(const QString &address, const QString &connectionName, bool create, Database *out, QString *error,
+                  int codePage)
 {
     out->address = address;
     if (address.startsWith(QLatin1String("postgresql://")) || address.startsWith(QLatin1String("postgres://"))) {
@@ -31,16 +105,24 @@ bool OpenDatabase(const QString &address, const QString &connectionName, bool cr
         out->db = QSqlDatabase::addDatabase(QStringLiteral("QODBC"), connectionName);
         out->db.setDatabaseName(address.mid(5));
     } else {
-        out->engine = Engine::SQLite;
-        if (!create && !QFileInfo(address).isFile()) {
-            *error = QStringLiteral("không có tệp %1 / no such file").arg(address);
+        const FileKind kind = kindOf(address);
+        if (const QString unfit = unfitFile(address, kind, create); !unfit.isEmpty()) {
+            *error = unfit;
             return false;
         }
-        out->db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connectionName);
+        out->engine = kind == FileKind::Access ? Engine::Access : Engine::SQLite;
+        if (out->engine == Engine::Access) {
+            AccessDriver::Register();
+            out->db = QSqlDatabase::addDatabase(AccessDriver::Name, connectionName);
+            if (codePage > 0)
+                out->db.setConnectOptions(QStringLiteral("CODEPAGE=%1").arg(codePage));
+        } else {
+            out->db = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connectionName);
+        }
         out->db.setDatabaseName(address);
     }
     if (!out->db.open()) {
-        *error = out->db.lastError().text();
+        *error = Say("Không mở được %1: %2", "Cannot open %1: %2").arg(out->address, out->db.lastError().text());
         return false;
     }
     return true;
@@ -64,8 +146,27 @@ QStringList DataTables(const Database &d)
             && !table.startsWith(QLatin1String("sqlite_")))
             tables << table;
     }
-    tables.sort(Qt::CaseInsensitive);
+    if (d.engine != Engine::Access)
+        tables.sort(Qt::CaseInsensitive);
     return tables;
+}
+
+QList<TableIndex> SecondaryIndexes(const Database &d, const QString &table)
+{
+    QList<TableIndex> indexes;
+    if (const auto *access = dynamic_cast<const AccessDriver *>(d.db.driver())) {
+        for (const AccessIndex &index : access->indexes(table)) {
+            if (!index.primary)
+                indexes << TableIndex{index.name, index.columns, index.unique};
+        }
+    }
+    return indexes;
+}
+
+QStringList Unreadable(const Database &d)
+{
+    const auto *access = dynamic_cast<const AccessDriver *>(d.db.driver());
+    return access ? access->unreadable() : QStringList();
 }
 
 qint64 CountRows(const Database &d)
@@ -103,7 +204,10 @@ QString ColumnType(const Database &d, const QSqlField &field, bool asText)
     case QMetaType::LongLong:
     case QMetaType::ULongLong: return pg ? QStringLiteral("BIGINT") : QStringLiteral("INTEGER");
     case QMetaType::Double:
-    case QMetaType::Float: return pg ? QStringLiteral("DOUBLE PRECISION") : QStringLiteral("DOUBLE");
+    case QMetaType::Float:
+        if (field.length() > 0 && field.precision() >= 0)   // digits and decimal places: exact
+            return QStringLiteral("NUMERIC(%1,%2)").arg(field.length()).arg(field.precision());
+        return pg ? QStringLiteral("DOUBLE PRECISION") : QStringLiteral("DOUBLE");
     case QMetaType::Bool: return QStringLiteral("BOOLEAN");
     case QMetaType::QDate: return QStringLiteral("DATE");
     case QMetaType::QTime: return QStringLiteral("TIME");

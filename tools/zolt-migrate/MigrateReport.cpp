@@ -12,8 +12,10 @@ namespace {
 QString encodingShown(const ColumnReport &column)
 {
     QString text = EncodingName(column.encoding);
-    if (column.encoding != column.guess.encoding)
+    if (column.given)
         text += Say(" (chỉ định)", " (given)");
+    if (column.asTheRest)
+        text += Say(" (như phần còn lại)", " (as the rest)");
     if (column.bytes)
         text += QStringLiteral(" BLOB");
     if (column.upper)

@@ -32,8 +32,11 @@ RowConversion::RowConversion(const TableReport &table, const QSqlRecord &record,
 
 void RowConversion::apply(QList<QVariant> &values, qint32 *unconvertible)
 {
-    for (const auto &[i, column] : m_columns)
-        values[i] = Converted(*column, values[i], unconvertible);
+    for (const auto &[i, column] : m_columns) {
+        ValueRead read;
+        values[i] = Converted(*column, values[i], &read);
+        *unconvertible += read.unconvertible;
+    }
     if (isSetting(values, QLatin1String("DefaultFont")) && IsLegacyFont(values[m_value].toString())) {
         values[m_value] = m_font;
         m_fontChanged = true;

@@ -41,27 +41,28 @@ quint64 fnv1a(const QByteArray &bytes, quint64 hash)
 
 } // namespace
 
-QStringList SummedColumns(const QSqlRecord &record)
+QSqlRecord SummedColumns(const QSqlRecord &record)
 {
-    QStringList columns;
+    QSqlRecord columns;
     for (int i = 0; i < record.count(); ++i) {
         const int type = record.field(i).metaType().id();
         if (type != QMetaType::QString && type != QMetaType::QByteArray)
-            columns << record.fieldName(i);
+            columns.append(record.field(i));
     }
     return columns;
 }
 
-TableSum SumTable(const Database &d, const QString &table, const QStringList &columns)
+TableSum SumTable(const Database &d, const QString &table, const QSqlRecord &columns)
 {
     QSqlQuery query(d.db);
     query.setForwardOnly(true);
     query.exec(QStringLiteral("SELECT * FROM ") + Quoted(d, table));
-    QList<int> positions;
-    for (const QString &column : columns)
-        positions << query.record().indexOf(column);   // without regard to case
-    const RowConversion rows(TableReport{table, 0, {}}, query.record(), {});
-    QList<QVariant> values(query.record().count());
+    const QSqlRecord record = query.record();
+    QList<std::pair<int, QMetaType>> summed;   // each column's place here, and its type
+    for (int i = 0; i < columns.count(); ++i)
+        summed.append({record.indexOf(columns.fieldName(i)), columns.field(i).metaType()});
+    const RowConversion rows(TableReport{table, 0, {}}, record, {});
+    QList<QVariant> values(record.count());
     TableSum sum;
     quint64 total = 0;
     while (query.next()) {
@@ -71,8 +72,11 @@ TableSum SumTable(const Database &d, const QString &table, const QStringList &co
             continue;
         ++sum.rows;
         quint64 hash = 14695981039346656037ULL;
-        for (const int position : positions) {
-            hash = fnv1a(position < 0 ? QByteArrayLiteral("\x02") : canonical(values[position]), hash);
+        for (const auto &[position, type] : summed) {
+            QVariant value = position < 0 ? QVariant() : values[position];
+            if (!value.isNull() && value.metaType() != type)
+                value.convert(type);
+            hash = fnv1a(position < 0 ? QByteArrayLiteral("\x02") : canonical(value), hash);
             hash = fnv1a(QByteArrayLiteral("\x1f"), hash);
         }
         total += hash;   // a sum, so that the order of rows does not matter

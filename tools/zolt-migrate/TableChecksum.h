@@ -13,12 +13,13 @@ struct TableSum {
     QString sum;   // hexadecimal
 };
 
-// Sums the columns named (found without regard to case) of every row of the
-// table, but for the library's schema-version setting, which each database
-// keeps for itself.
-TableSum SumTable(const Database &d, const QString &table, const QStringList &columns);
+// Sums the columns of summed (found by name without regard to case) of every
+// row of the table, each value read as the type summed gives it (a currency
+// kept as its digits, a date as ISO text), but for the library's
+// schema-version setting, which each database keeps for itself.
+TableSum SumTable(const Database &d, const QString &table, const QSqlRecord &summed);
 
 // The columns of a table that the check sums: neither text nor BLOBs.
-QStringList SummedColumns(const QSqlRecord &record);
+QSqlRecord SummedColumns(const QSqlRecord &record);
 
 } // namespace zolt::migrate

@@ -30,9 +30,8 @@ QString existingTable(const Database &d, const QString &table)
 // A BLOB converted from a legacy encoding becomes text in the target.
 bool becomesText(const TableReport &table, const QString &column)
 {
-    return std::any_of(table.columns.begin(), table.columns.end(), [&](const ColumnReport &c) {
-        return c.column == column && c.bytes && Converts(c) && c.encoding != TextEncoding::Unicode;
-    });
+    return std::any_of(table.columns.begin(), table.columns.end(),
+                       [&](const ColumnReport &c) { return c.column == column && BecomesText(c); });
 }
 
 bool run(const Database &d, const QString &sql, QString *error)
@@ -59,9 +58,21 @@ bool createTable(const Database &source, const Database &target, const TableRepo
             names << Quoted(target, MadeName(target, key.fieldName(i)));
         columns << QStringLiteral("PRIMARY KEY (%1)").arg(names.join(u','));
     }
-    return run(target,
-               QStringLiteral("CREATE TABLE %1 (%2)").arg(Quoted(target, MadeName(target, table.table)), columns.join(u',')),
-               error);
+    const QString made = Quoted(target, MadeName(target, table.table));
+    if (!run(target, QStringLiteral("CREATE TABLE %1 (%2)").arg(made, columns.join(u',')), error))
+        return false;
+    // Index names are the database's (PostgreSQL's the schema's): each takes its table's name first.
+    for (const TableIndex &index : SecondaryIndexes(source, table.table)) {
+        QStringList names;
+        for (const QString &column : index.columns)
+            names << Quoted(target, MadeName(target, column));
+        const QString name = Quoted(target, MadeName(target, table.table + u'_' + index.name));
+        if (!run(target, QStringLiteral("CREATE %1INDEX %2 ON %3 (%4)")
+                             .arg(index.unique ? QStringLiteral("UNIQUE ") : QString(), name, made, names.join(u',')),
+                 error))
+            return false;
+    }
+    return true;
 }
 
 // The library's tables in the target come from its schema; columns the source
@@ -180,7 +191,7 @@ bool CopyTables(const Database &source, const Database &target, const QList<Tabl
         QString targetTable;
         if (!CopyTable(source, target, table, unicodeFont, done, &targetTable, &report->notes, error))
             return false;
-        const QStringList summed = SummedColumns(source.db.record(table.table));
+        const QSqlRecord summed = SummedColumns(source.db.record(table.table));
         const TableSum before = SumTable(source, table.table, summed);
         const TableSum after = SumTable(target, targetTable, summed);
         report->checks << TableCheck{table.table, before.rows, after.rows, before.sum, after.sum};
