@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 # Debian packages, one per install component (./run package): libzolt0 (the
 # shared library), libzolt-dev (headers, CMake and pkg-config files, table
-# scripts), zolt-tools (zolt-migrate), zolt-designer-plugin (when Qt
+# scripts), zolt-tools (zolt-migrate, zolt-server), zolt-designer-plugin (when Qt
 # Designer's development files are there) and zolt-demo (the sample application). Shared-library dependencies
 # are computed by dpkg-shlibdeps.
 set(CPACK_GENERATOR DEB)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "DialogSupport.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QLabel>
@@ -46,6 +47,20 @@ QTimer *answerMessages(QStringList *shown, QList<Qt::Key> keys)
         EXPECT_TRUE(QTest::qWaitFor([&] { return !answered || !answered->isVisible(); }));   // a letter clicks with a delay
         answerMessages(shown, keys.mid(1));
     }, 5000, "MessageBox");
+}
+
+QStringList toldDuring(const std::function<void()> &act)
+{
+    QStringList shown;
+    const QPointer<QTimer> waiting = answerMessages(&shown);
+    act();
+    delete waiting;
+    return shown;
+}
+
+void clickRow(QAbstractItemView *list, int row, Qt::KeyboardModifiers modifiers)
+{
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, modifiers, list->visualRect(list->model()->index(row, 0)).center());
 }
 
 void typeText(QWidget *widget, const QString &text)

@@ -11,6 +11,7 @@
 
 #include <functional>
 
+class QAbstractItemView;
 class QLineEdit;
 
 namespace zolt::test {
@@ -24,6 +25,13 @@ QTimer *whenModalShows(std::function<void(QWidget *)> action, int timeoutMs = 50
 // Answers the next message boxes of the library, one key each ("C" for Có,
 // Enter for the focused button); *shown receives each one's "title|message".
 QTimer *answerMessages(QStringList *shown, QList<Qt::Key> keys = {Qt::Key_Return});
+
+// The messages of the library that the action brought, each answered with
+// Enter as answerMessages does.
+QStringList toldDuring(const std::function<void()> &act);
+
+// Clicks the list's row with the mouse (modifiers held).
+void clickRow(QAbstractItemView *list, int row, Qt::KeyboardModifiers modifiers = {});
 
 // Types text into the widget key by key, Vietnamese letters included.
 void typeText(QWidget *widget, const QString &text);

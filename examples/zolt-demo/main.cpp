@@ -38,9 +38,13 @@ int main(int argc, char **argv)
     const QCommandLineOption rows(QStringLiteral("rows"),
                                   QStringLiteral("How many goods a new database gets (3000 by default)."),
                                   QStringLiteral("n"), QStringLiteral("3000"));
+    const QCommandLineOption prepare(QStringLiteral("prepare"),
+                                     QStringLiteral("Make the database's tables and samples when missing, then stop: run by "
+                                                    "a server's owner before zolt-server locks it."));
     options.addOption(database);
     options.addOption(tour);
     options.addOption(rows);
+    options.addOption(prepare);
     options.process(app);
 
     QString path = options.value(database);
@@ -64,6 +68,8 @@ int main(int argc, char **argv)
             QMessageBox::critical(nullptr, QString(), message);
         return 1;
     }
+    if (options.isSet(prepare))
+        return 0;
 
     std::unique_ptr<Tour> walk;
     if (options.isSet(tour)) {

@@ -32,7 +32,9 @@ ZOLT_EXPORT qint32 TablesVersion(const QSqlDatabase &db);
 // rows already break that (written before, by desks without the key), the
 // key is not made and those rows are returned, one line each, in Vietnamese;
 // nothing is deleted, and a later call makes the key once they are put right.
-// An empty list: every key is in place.
+// An empty list: every key is in place. On a server locked by zolt-server
+// nothing is made (its owner makes the tables); tables of an older version
+// raise zolt::Error.
 ZOLT_EXPORT QStringList CreateTables(const QSqlDatabase &db);
 
 // Adds the rows the library needs to be usable where they are missing, and
@@ -41,6 +43,7 @@ ZOLT_EXPORT QStringList CreateTables(const QSqlDatabase &db);
 // (users), and a first administrator of group 1 named adminName with
 // adminPassword unless a user of that name exists. In one transaction;
 // db becomes the library's connection; a failure raises zolt::Error.
+// Nothing on a locked server, which was seeded before it was locked.
 ZOLT_EXPORT void SeedTables(const QSqlDatabase &db, const QString &adminName, const QString &adminPassword);
 
 } // namespace zolt

@@ -152,6 +152,7 @@ const QString InterruptedText = QStringLiteral(
     "Kết nối với máy chủ cơ sở dữ liệu vừa bị gián đoạn nên dữ liệu có thể chưa được ghi. Hãy kiểm tra rồi ghi lại.");
 
 bool reopenAllowed = true;
+void (*reopenedNotice)(const QSqlDatabase &) = nullptr;
 
 // The connections (by name) whose server went away and that could not be
 // opened again yet: the library tries again at their next use. A connection
@@ -187,6 +188,8 @@ bool reopen(QSqlDatabase db)
     else
         lostConnections().insert(db.connectionName());
     qCDebug(zoltSql).noquote() << (opened ? "opened again:" : "could not open again:") << db.connectionName();
+    if (opened && reopenedNotice)
+        reopenedNotice(db);
     return opened;
 }
 
@@ -197,6 +200,11 @@ void (*serverAwayNotice)(const QString &) = nullptr;
 QString ClosedConnectionText()
 {
     return QStringLiteral("Operation is not allowed when the object is closed.");
+}
+
+void SetReopenedNotice(void (*notice)(const QSqlDatabase &db))
+{
+    reopenedNotice = notice;
 }
 
 void SetServerAwayNotice(void (*notice)(const QString &text))

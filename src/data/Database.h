@@ -70,6 +70,11 @@ struct LibraryStatement {
 enum class Repeat { Read, Never };
 LibraryStatement RunLibraryStatement(QSqlDatabase db, const QString &sql, Repeat repeat, bool forwardOnly = false);
 
+// What is done on a connection opened again after its server went away,
+// before the statement that found it gone runs again (the logon of a locked
+// server's session, which went with the old connection).
+void SetReopenedNotice(void (*notice)(const QSqlDatabase &db));
+
 // How a dialog's read tells the clerk that the server is away: the widgets
 // part installs a message box; without it nothing is shown.
 void SetServerAwayNotice(void (*notice)(const QString &text));

@@ -8,6 +8,8 @@
 
 #include <zolt/Error.h>
 
+#include <QSqlDriver>
+
 namespace zolt {
 
 namespace {
@@ -66,9 +68,23 @@ QString ReadOption(const QString &section, const QString &key, const QString &de
     return value.isEmpty() ? defaultValue : value;
 }
 
+bool ServerLocked()
+{
+    const QSqlDatabase db = CurrentConnection();
+    return db.isOpen() && db.driver() && db.driver()->dbmsType() == QSqlDriver::PostgreSQL
+           && !ReadOption(QStringLiteral("Config"), QStringLiteral("DatabaseLock"), QString(), db).isEmpty();
+}
+
 void SaveOption(const QString &section, const QString &key, const QString &value,
                 const QString &description, qint32 isNew)
 {
+    if (ServerLocked()) {
+        const auto text = [](const QString &t) { return SqlValue(t, QStringLiteral("S")); };
+        return void(Execute(QStringLiteral("Select zolt_set_option(%1, %2, %3, %4, %5)")
+                                .arg(text(section), text(key), text(value),
+                                     description.isEmpty() ? QStringLiteral("Null") : text(StoredWithBlank(description)),
+                                     isNew ? QStringLiteral("true") : QStringLiteral("false"))));
+    }
     if (isNew)
         return void(Execute(insertOption(section, key, value, description)));   // refused where the row exists
     // A failed existence query leaves its number: a negative one (the

@@ -11,8 +11,15 @@
 namespace zolt {
 
 
+// Whether the library's connection is to a server locked by zolt-server
+// (PostgreSQL; its setting Config/DatabaseLock names the desks' role): its
+// desks change the library's tables only through the server's functions.
+bool ServerLocked();
+
 // Stores the value by update-or-insert (insert only, with isNew set); the
-// description is written when not empty. A failure raises zolt::Error.
+// description is written when not empty. On a locked server through its
+// function, which lets only an administrator write section Config. A
+// failure raises zolt::Error.
 void SaveOption(const QString &section, const QString &key, const QString &value,
                 const QString &description, qint32 isNew);
 

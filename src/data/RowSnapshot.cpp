@@ -30,6 +30,15 @@ void RowSnapshot::Wrote(const QList<std::pair<QString, QVariant>> &values)
     }
 }
 
+QVariant RowSnapshot::Value(const QString &column) const
+{
+    for (const auto &[name, value] : m_values) {
+        if (name.compare(column, Qt::CaseInsensitive) == 0)
+            return value;
+    }
+    return {};
+}
+
 QString RowSnapshot::StillHolds() const
 {
     QString condition;

@@ -29,6 +29,8 @@ public:
     bool IsEmpty() const { return m_values.isEmpty(); }
     // " And [column]=value" for each value kept ("Is Null" for a Null).
     QString StillHolds() const;
+    // The value kept of the column; Null when none is kept.
+    QVariant Value(const QString &column) const;
 
 private:
     QList<std::pair<QString, QVariant>> m_values;

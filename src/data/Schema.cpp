@@ -223,6 +223,13 @@ QStringList CreateTables(const QSqlDatabase &db)
         QSqlQuery(db).exec(QStringLiteral("PRAGMA journal_mode=WAL"));
     // Read first: on PostgreSQL a failed read (no Options yet) would end the transaction.
     const qint32 from = TablesVersion(db);
+    // A locked server's tables are its owner's to make (zolt-server lock does).
+    if (ServerLocked()) {
+        if (from < SchemaVersion)
+            throw Error(Error::DatabaseFailure, QStringLiteral("Các bảng của máy chủ đã khoá cần nâng cấp: người quản lý máy "
+                                                               "chủ chạy lại zolt-server lock."));
+        return {};
+    }
     QStringList report;
     inTransaction(db, [&] {
         for (qint32 version = from; version < SchemaVersion; ++version)
@@ -240,6 +247,8 @@ void SeedTables(const QSqlDatabase &db, const QString &adminName, const QString 
     UseConnection(db);
     if (BreaksQuotedLiteral(adminName))
         throw Error(Error::InvalidArgument, QStringLiteral("A user's name holds no apostrophe"));
+    if (ServerLocked())
+        return;   // a locked server was seeded before its owner locked it
     inTransaction(db, [&] {
         seedOperators();
         seedGroup(1, QStringLiteral("Quản trị hệ thống"), QStringLiteral("Mọi quyền"));

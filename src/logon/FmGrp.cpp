@@ -10,6 +10,7 @@
 #include "data/SqlFunc.h"
 #include "logon/FrPms.h"
 #include "logon/GroupRows.h"
+#include "logon/LockedServer.h"
 #include "logon/QuoteGuard.h"
 #include "msgbox/MdlMsg.h"
 #include "search/MFind.h"
@@ -192,16 +193,23 @@ qint32 FmGrp::WriteData(qint32 Id)
                 : AddValues(QStringLiteral("Insert Into ") + m_table + QStringLiteral("([Name]) Values('")
                                 + TxtName->text() + QStringLiteral("')"),
                             QStringLiteral("[Des]"), TxtDesc->text());
+    const QString description = StoredWithBlank(TxtDesc->text());
     try {
-        if (Id == 0)
-            return Execute(sql), 0;
+        if (Id == 0) {
+            m_added = ServerLocked() ? LockedAddGroup(TxtName->text(), description) : (Execute(sql), 0);
+            return 0;
+        }
         if (m_read.IsEmpty())
             return Error::NoCurrentRecord;   // the boxes were never filled from the group
         // Renamed only while the group holds what the boxes were filled from
         // or this dialog wrote last.
-        if (Execute(sql + m_read.StillHolds()) == 0)
+        const qint64 written = ServerLocked() ? LockedUpdateGroup(Id, TxtName->text(), description,
+                                                                  m_read.Value(QStringLiteral("Name")).toString(),
+                                                                  m_read.Value(QStringLiteral("Des")).toString())
+                                              : Execute(sql + m_read.StillHolds());
+        if (written == 0)
             return Error::NoCurrentRecord;
-        m_read.Wrote({{QStringLiteral("Name"), TxtName->text()}, {QStringLiteral("Des"), StoredWithBlank(TxtDesc->text())}});
+        m_read.Wrote({{QStringLiteral("Name"), TxtName->text()}, {QStringLiteral("Des"), description}});
         return 0;
     } catch (const Error &e) {
         m_writeFailure = e.number() == Error::ServerUnreachable ? u'\n' + e.description() : QString();
@@ -217,6 +225,12 @@ void FmGrp::CheckWrite()
 // Groups 1 and 8 are built in: the statement never removes them.
 void FmGrp::DeleteData(const QString &Predicate)
 {
+    if (ServerLocked()) {
+        QList<qint32> codes;
+        for (const QString &code : Predicate.split(u','))
+            codes << code.toInt();
+        return void(LockedDeleteGroups(codes));
+    }
     Execute(QStringLiteral("Delete From ") + m_table + QStringLiteral(" Where Code In (") + Predicate
             + QStringLiteral(") and (Code Not In (1,8))"));
 }
@@ -272,7 +286,9 @@ void FmGrp::CmdWrite_Click()
         if (WriteData(0) != 0) {
             ShowMgBox(QStringLiteral("Không thể thêm dữ liệu vào bảng") + m_writeFailure, 0, SaveError);
         } else {
-            m_groups->append(GetMaxValue(m_table, QStringLiteral("Code"), CurrentConnection()), rowText());
+            // A locked server tells the new group's code; else it is the largest.
+            m_groups->append(m_added > 0 ? m_added : GetMaxValue(m_table, QStringLiteral("Code"), CurrentConnection()),
+                             rowText());
             AddRecord();
         }
     } else if (const qint32 n = WriteData(m_current); n == Error::NoCurrentRecord) {

@@ -52,6 +52,7 @@ private:
     bool m_viewing = true;    // false while a new group is being entered
     qint32 m_current = 0;     // the code of the group shown
     RowSnapshot m_read;       // its name and description as shown
+    qint32 m_added = 0;       // the code a locked server gave the group added last
     QString m_writeFailure;   // why the last write failed where the clerk can act on it (the server away)
     GroupRows *m_groups;
     QListView *Lv1;

@@ -6,6 +6,7 @@
 #include "data/General.h"
 #include "data/MdGrid.h"
 #include "data/SqlFunc.h"
+#include "logon/LockedServer.h"
 #include "msgbox/MdlMsg.h"
 #include "search/MFind.h"
 
@@ -154,19 +155,25 @@ void FrPms::LstSubMenu_Click()
 // stays, so that Ghi can be pressed again.
 void FrPms::CmdOk_Click()
 {
-    QStringList sets, holds;
+    QStringList sets, holds, columns;
+    QList<qint32> rights, read;
     for (int k = 0; k < m_rights.size(); ++k) {
         if (m_rights[k] == m_read[k])
             continue;
         sets << m_columns[k] + u'=' + QString::number(m_rights[k]);
         holds << QStringLiteral("Coalesce(%1,0)=%2").arg(m_columns[k]).arg(m_read[k]);
+        columns << m_columns[k];
+        rights << m_rights[k];
+        read << m_read[k];
     }
     if (sets.isEmpty())
         return accept();
     try {
-        if (Execute(QStringLiteral("Update Groups Set ") + sets.join(u',') + QStringLiteral(" Where Code=")
-                    + QString::number(m_group) + QStringLiteral(" And ") + holds.join(QStringLiteral(" And ")))
-            == 0)
+        const qint64 written = ServerLocked() ? LockedSetRights(m_group, columns, rights, read)
+                                              : Execute(QStringLiteral("Update Groups Set ") + sets.join(u',')
+                                                        + QStringLiteral(" Where Code=") + QString::number(m_group)
+                                                        + QStringLiteral(" And ") + holds.join(QStringLiteral(" And ")));
+        if (written == 0)
             return changedElsewhere();
     } catch (const Error &e) {
         return void(ShowMgBox(e.description(), 0, windowTitle(), 0, false, this));

@@ -7,6 +7,7 @@
 #include "data/KeyPreview.h"
 #include "data/MdGrid.h"
 #include "data/SqlFunc.h"
+#include "logon/LockedServer.h"
 #include "logon/MdlLogon.h"
 #include "logon/PasswordStore.h"
 #include "logon/QuoteGuard.h"
@@ -109,19 +110,23 @@ void FrmInput::PreLoad()
     CMDOK->setEnabled(false);
     ReadDict(TxtIdGroup, QStringLiteral("[Groups]"));
     m_read.Clear();
+    m_code = 0;
     if (EditMode) {
         try {
             CheckQuotable(UserName);
             Recordset rs;
-            if (OpenQuery(rs, QStringLiteral("SELECT  *  FROM [User]  WHERE [Name]='") + UserName
-                                  + QLatin1Char('\'')) == 0
+            if (OpenQuery(rs, ReadableUsers(QStringLiteral("SELECT  *  FROM [User]  WHERE [Name]='") + UserName
+                                            + QLatin1Char('\''))) == 0
                 && HasRows(rs)) {
+                m_code = LngVal(rs.Value(0));
                 m_read.Take(rs, {QStringLiteral("Name"), QStringLiteral("Dec"), QStringLiteral("Password"),
                                  QStringLiteral("IdGroup"), QStringLiteral("PasswordHash")});
                 Txtuser->setText(NullToStr(rs.Value(1)));
                 TxtDes->setText(NullToStr(rs.Value(2)));
-                TxtPass->setText(NullToStr(rs.Value(3)));   // the stored digest, not a password
-                txtConfirm->setText(NullToStr(rs.Value(3)));
+                // The stored digest, not a password; a locked server's desk reads none.
+                const QString stored = ServerLocked() ? QStringLiteral("0") : NullToStr(rs.Value(3));
+                TxtPass->setText(stored);
+                txtConfirm->setText(stored);
                 TxtIdGroup->setCurrentIndex(FindItemData(TxtIdGroup, LngVal(rs.Value(QStringLiteral("IdGroup")))));
             }
         } catch (const Error &) {
@@ -180,7 +185,9 @@ void FrmInput::CMDOK_Click()
         return;
     m_policy = ReadPasswordPolicy();
     try {
-        if (EditMode)
+        if (ServerLocked())
+            lockedWrite(Txtuser->text());
+        else if (EditMode)
             updateUser(Txtuser->text());
         else
             addUser(Txtuser->text());
@@ -234,6 +241,43 @@ void FrmInput::updateUser(const QString &name)
     } catch (const Error &e) {
         if (e.number() == Error::DatabaseFailure && hasUser(otherUser))
             return refuse(Exists, UpdateTitle);   // another desk took the name since the query above
+        throw;
+    }
+    accept();
+}
+
+// On a locked server through its functions, which check who logged on: an
+// administrator adds and changes users, a clerk only his own password.
+void FrmInput::lockedWrite(const QString &name)
+{
+    const QString title = EditMode ? UpdateTitle : AddTitle;
+    if (!passwordAccepted())
+        return refuse(BadPassword, title);
+    const auto password = [this] { return LockedPassword(TxtPass->text(), m_policy); };   // a hash takes a while
+    if (!FieldsEnabled) {   // his own record
+        if (LockedSessionUser() != m_code)
+            return refuse(QStringLiteral("Chỉ đổi được mật khẩu của chính mình."), title);
+        if (m_passwordChanged)
+            LockedSetOwnPassword(password());
+        return accept();
+    }
+    if (!EditMode) {
+        if (LockedAddUser(name, TxtDes->text(), SelectedItemData(TxtIdGroup), password()) == 0)
+            return refuse(Exists, AddTitle);   // another desk has the name
+        return accept();
+    }
+    if (m_read.IsEmpty())
+        return changedElsewhere();
+    try {
+        if (LockedUpdateUser(UserName, name, TxtDes->text(), SelectedItemData(TxtIdGroup),
+                             m_read.Value(QStringLiteral("Dec")).toString(), m_read.Value(QStringLiteral("IdGroup")).toInt(),
+                             m_passwordChanged ? std::optional(password()) : std::nullopt)
+            == 0)
+            return changedElsewhere();
+    } catch (const Error &e) {
+        if (e.number() == Error::DatabaseFailure
+            && hasUser(ReadableUsers(QStringLiteral("Select  * From [User] Where [Name]=") + SqlValue(name, QStringLiteral("S")))))
+            return refuse(Exists, UpdateTitle);   // the name is another user's
         throw;
     }
     accept();

@@ -40,12 +40,14 @@ private:
     void CMDOK_Click();
     void addUser(const QString &name);
     void updateUser(const QString &name);
+    void lockedWrite(const QString &name);
     void refuse(const QString &message, const QString &title);
 
     void changedElsewhere();
 
     bool m_passwordChanged = false;
     RowSnapshot m_read;   // the user's row as the boxes show it
+    qint32 m_code = 0;    // and its code
     PasswordPolicy m_policy;   // read when OK is pressed
     QLabel *Label1;
     QLineEdit *Txtuser;

@@ -4,14 +4,16 @@
 #include "data/Conversions.h"
 #include "data/General.h"
 #include "data/KeyPreview.h"
-#include "logon/MdlLogon.h"
+#include "logon/LockedServer.h"
 #include "logon/LogonGuard.h"
+#include "logon/MdlLogon.h"
 #include "logon/PasswordStore.h"
 #include "logon/QuoteGuard.h"
 #include "msgbox/MdlMsg.h"
 #include "search/MFind.h"
 
 #include <zolt/Error.h>
+#include <zolt/Tesmir.h>
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -92,6 +94,8 @@ void FrmLogon::CmdOk_Click()
         // A quote in the name would end its literal: such a name is refused
         // before the database sees it, as a statement that failed would be.
         CheckQuotable(user);
+        if (ServerLocked())
+            return lockedLogon(user);
         if (const qint64 wait = SecondsToWait(user, limits); wait > 0) {
             RecordLogon(user, QStringLiteral("waiting"), limits);
             return refuse(WaitMessage(wait), 0);
@@ -117,6 +121,19 @@ void FrmLogon::CmdOk_Click()
         }
         refuse(Failed, 1);
     }
+}
+
+// On a locked server the server checks the password, keeps the limits and
+// the record, and knows the session as the user from then on.
+void FrmLogon::lockedLogon(const QString &user)
+{
+    const LockedLogonResult logon = LockedLogon(user, Trim(TxtPass->text()), ReadPasswordPolicy(), Tesmir().GetPCName());
+    if (logon.wait > 0)
+        return refuse(WaitMessage(logon.wait), 0);
+    if (logon.code == 0)
+        return refuse(NotFound, 0);
+    UserCode = logon.code;
+    accept();
 }
 
 // The original logon: the name and the digest of the password looked up together.

@@ -24,6 +24,7 @@ public:
 private:
     void CmdOk_Click();
     static qint32 legacyLogon(const QString &user, const QString &password);
+    void lockedLogon(const QString &user);
     void refuse(const QString &message, int selectionStart);
 
     QLabel *Label1;

@@ -6,6 +6,7 @@
 #include "data/General.h"
 #include "data/Options.h"
 #include "logon/FrmInput.h"
+#include "logon/LockedServer.h"
 #include "logon/LogonGuard.h"
 #include "logon/QuoteGuard.h"
 #include "logon/UserRows.h"
@@ -102,7 +103,11 @@ void FrmMenu::CmdRelease_Click()
     if (row < 0)
         return;
     try {
-        ClearRefusals(m_users->at(row)[UserRows::NameColumn]);
+        const QString name = m_users->at(row)[UserRows::NameColumn];
+        if (ServerLocked())
+            LockedReleaseUser(name);
+        else
+            ClearRefusals(name);
         showWaiting();
     } catch (const Error &e) {
         ShowMgBox(e.description(), 0, Notice, 0, false);
@@ -135,7 +140,7 @@ void FrmMenu::CmdAdd_Click()
     editor.PreLoad();
     editor.exec();
     if (largestCode() > before)
-        ReadInfo(QStringLiteral("Select * From [User] Where Code >") + QString::number(before));
+        ReadInfo(ReadableUsers(QStringLiteral("Select * From [User] Where Code >") + QString::number(before)));
 }
 
 void FrmMenu::CmdEdit_Click()
@@ -150,7 +155,7 @@ void FrmMenu::CmdEdit_Click()
     editor.PreLoad();
     editor.exec();
     Recordset rs;
-    if (OpenQuery(rs, QStringLiteral("Select * From [User] Where Code=") + m_users->at(row)[UserRows::CodeColumn]) == 0
+    if (OpenQuery(rs, ReadableUsers(QStringLiteral("Select * From [User] Where Code=") + m_users->at(row)[UserRows::CodeColumn])) == 0
         && HasRows(rs)) {
         m_users->setText(row, UserRows::NameColumn, NullToStr(rs.Value(QStringLiteral("Name"))));
         m_users->setText(row, UserRows::DescriptionColumn, NullToStr(rs.Value(QStringLiteral("Dec"))));
@@ -173,7 +178,10 @@ void FrmMenu::CmdDel_Click()
         return;
     try {
         CheckQuotable(name);
-        Execute(QStringLiteral("Delete from [user] Where [Name]='") + name + QLatin1Char('\''));
+        if (ServerLocked())
+            LockedDeleteUser(name);
+        else
+            Execute(QStringLiteral("Delete from [user] Where [Name]='") + name + QLatin1Char('\''));
         m_users->remove(row);
     } catch (const Error &e) {
         ShowMgBox(e.description(), 0, Notice);

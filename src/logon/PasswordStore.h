@@ -27,9 +27,19 @@ PasswordPolicy ReadPasswordPolicy();
 // is case-sensitive. zolt::Error 7 when the memory for hashing is missing.
 QString HashPassword(const QString &password, const PasswordPolicy &policy);
 
+// Argon2id's parameters and salt as libsodium writes them at the head of a
+// hash ("$argon2id$v=19$m=65536,t=2,p=1$<salt>"), which a locked server hands
+// a desk: the hash the password derives with them, in hexadecimal; "" when
+// the parameters are not such. zolt::Error 7 when the memory is missing.
+QString DerivedHash(const QString &password, const PasswordPolicy &policy, const QString &params);
+// A new password as a locked server takes it: fresh parameters and salt, then
+// the hash derived with them.
+QString NewPasswordProof(const QString &password, const PasswordPolicy &policy);
+
 // The code of the user called name when password opens the account, else 0;
 // upgrades a legacy digest that opened it to a hash, and a hash made with
 // weaker limits to the present ones. As long whether the name exists or not.
+// A hash a locked server kept (the digest of the derived hash) opens it too.
 // A failing database raises zolt::Error; an upgrade that fails changes nothing.
 qint32 StrongLogon(const QString &name, const QString &password, const PasswordPolicy &policy);
 

@@ -3,13 +3,17 @@
 // dialog on 1,000 and 10,000 groups, beside plain views over a
 // QSqlQueryModel of the same query, and the groups dialog beside the same
 // dialog of plain Qt widgets; a logon with the strong password store
-// beside libsodium's own verification.
+// beside libsodium's own verification; and a logon through a locked server
+// beside the same logon on the same server unlocked.
 #include "BenchMain.h"
+#include "ServerLock.h"
 
 #include "data/Database.h"
 #include "logon/FmGrp.h"
 #include "logon/FrmMenu.h"
+#include "logon/LockedServer.h"
 #include "logon/PasswordStore.h"
+#include "servers/TestServer.h"
 
 #include <zolt/Schema.h>
 
@@ -219,6 +223,69 @@ void BM_LogonArgon2id(benchmark::State &state)
                   [&] { benchmark::DoNotOptimize(crypto_pwhash_str_verify(hash.constData(), "ADMIN", 5)); });
 }
 
+// A shop's database on the benchmarks' server, made by the owner role with
+// the strong store, attempt limits and the logon record; open as the owner.
+QSqlDatabase shopDatabase(const QString &name)
+{
+    const QString folder = qEnvironmentVariable("ZOLT_BENCH_SERVERS");
+    {
+        QSqlDatabase admin = test::addServerDatabase(QStringLiteral("QPSQL"), QStringLiteral("bench-admin"), folder);
+        admin.open();
+        QSqlQuery(admin).exec(QStringLiteral("CREATE ROLE bench_owner LOGIN CREATEROLE"));
+        QSqlQuery(admin).exec(QStringLiteral("CREATE DATABASE %1 OWNER bench_owner").arg(name));
+    }
+    QSqlDatabase::removeDatabase(QStringLiteral("bench-admin"));
+    QSqlDatabase db = test::addServerDatabase(QStringLiteral("QPSQL"), name, folder);
+    db.setUserName(QStringLiteral("bench_owner"));
+    db.setDatabaseName(name);
+    db.open();
+    CreateTables(db);
+    SeedTables(db, QStringLiteral("admin"), QStringLiteral("admin"));
+    Execute(QStringLiteral("Insert Into Options Values('Config', 'PasswordStore', 'argon2id', Null), "
+                           "('Config', 'LogonAttempts', '5', Null), ('Config', 'LogonLogDays', '30', Null)"));
+    return db;
+}
+
+// The same logon of the same administrator, with the same store: through a
+// locked server's functions (as a desk's login), beside the library's own
+// logon on the same server unlocked.
+struct Shops {
+    QSqlDatabase open, locked;   // the second as a desk's login
+    QString error;
+};
+
+Shops lockedAndOpen()
+{
+    Shops shops{shopDatabase(QStringLiteral("bench_open")), QSqlDatabase(), QString()};
+    StrongLogon(QStringLiteral("admin"), QStringLiteral("admin"), ReadPasswordPolicy());   // the digest gives way to a hash
+    if (!server::Lock(shopDatabase(QStringLiteral("bench_locked")), QStringLiteral("bench_desk"), &shops.error))
+        return shops;
+    Execute(QStringLiteral("CREATE ROLE bench_counter LOGIN IN ROLE bench_desk"));
+    shops.locked = test::addServerDatabase(QStringLiteral("QPSQL"), QStringLiteral("bench-counter"),
+                                           qEnvironmentVariable("ZOLT_BENCH_SERVERS"));
+    shops.locked.setUserName(QStringLiteral("bench_counter"));
+    shops.locked.setDatabaseName(QStringLiteral("bench_locked"));
+    shops.locked.open();
+    SetCurrentConnection(shops.locked);
+    LockedLogon(QStringLiteral("admin"), QStringLiteral("admin"), ReadPasswordPolicy(), QStringLiteral("quay1"));   // likewise
+    return shops;
+}
+
+void BM_LogonLocked(benchmark::State &state)
+{
+    static const Shops shops = lockedAndOpen();
+    if (!shops.error.isEmpty())
+        return state.SkipWithError(qPrintable(shops.error));
+    bench::InTurn(state, "logon_locked", [&] {
+        SetCurrentConnection(shops.locked);
+        benchmark::DoNotOptimize(LockedLogon(QStringLiteral("admin"), QStringLiteral("admin"), ReadPasswordPolicy(), QStringLiteral("quay1")));
+    }, [&] {
+        SetCurrentConnection(shops.open);
+        benchmark::DoNotOptimize(StrongLogon(QStringLiteral("admin"), QStringLiteral("admin"), ReadPasswordPolicy()));
+    });
+}
+
+BENCHMARK(BM_LogonLocked)->MinTime(5)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_LogonArgon2id)->MinTime(5)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_UserList)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Groups)->Arg(1000)->Arg(10000)->UseManualTime()->Unit(benchmark::kMillisecond);

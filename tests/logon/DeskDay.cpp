@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 // One desk's working day, through the library's own dialogs, for the test
 // that runs several desks at once on one database:
-//   desk_day QPSQL SERVER_FOLDER SCHEMA DESK DESKS ROUNDS MARKERS
+//   desk_day QPSQL SERVER_FOLDER SCHEMA DESK DESKS ROUNDS MARKERS [LOGIN@DATABASE]
 //   desk_day QSQLITE FILE - DESK DESKS ROUNDS MARKERS
+// With LOGIN@DATABASE the desk connects to that database as that login of a
+// locked server's desk role, and logs on as the administrator "admin" first.
 // Each round: add a user every desk adds ("nv<round>") and one of its own,
 // delete its own user of the round before, append its mark to the shared
 // user's description and to the shared group's name, set one right on the
@@ -23,6 +25,7 @@
 #include "logon/FrPms.h"
 #include "logon/FrmInput.h"
 #include "logon/FrmMenu.h"
+#include "logon/LockedServer.h"
 #include "servers/TestServer.h"
 
 #include <QAbstractItemModel>
@@ -280,11 +283,16 @@ int main(int argc, char **argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
     const QStringList args = app.arguments();
-    if (args.size() != 8)
+    if (args.size() != 8 && args.size() != 9)
         return 2;
+    const bool locked = args.size() == 9;
     QSqlDatabase db;
     if (args[1] == QLatin1String("QPSQL")) {
         db = test::addServerDatabase(args[1], QStringLiteral("desk"), args[2]);
+        if (locked) {
+            db.setUserName(args[8].section(u'@', 0, 0));
+            db.setDatabaseName(args[8].section(u'@', 1));
+        }
         // In the connect options, so that the schema stays when the connection is opened again.
         db.setConnectOptions(QStringLiteral("options=-csearch_path=%1,public").arg(args[3]));
     } else {
@@ -294,6 +302,8 @@ int main(int argc, char **argv)
     if (!db.open())
         return 1;
     UseConnection(db);
+    if (locked && LockedLogon(QStringLiteral("admin"), QStringLiteral("admin"), ReadPasswordPolicy(), args[4]).code != 1)
+        return 3;
     answerMessagesAsTheyShow();
     Desk desk{args[4].toInt(), args[5].toInt(), args[7]};
     const int rounds = args[6].toInt();

@@ -18,6 +18,7 @@ using namespace zolt;
 using namespace Qt::StringLiterals;
 using test::child;
 using test::click;
+using test::clickRow;
 using test::retype;
 
 namespace {
@@ -52,11 +53,6 @@ QAbstractItemView *list(QWidget *form, const char *name = "Lv1") { return child<
 QModelIndex rowOf(const QAbstractItemView *list, int row) { return list->model()->index(row, 0); }
 int count(const QAbstractItemView *list) { return list->model()->rowCount(); }
 QLineEdit *box(QWidget *form, const char *name) { return child<QLineEdit>(form, name); }
-
-void clickRow(QAbstractItemView *list, int row, Qt::KeyboardModifiers modifiers = {})
-{
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, modifiers, list->visualRect(rowOf(list, row)).center());
-}
 
 QStringList texts(const QAbstractItemView *list)
 {

@@ -14,7 +14,6 @@
 
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPointer>
 #include <QTest>
 #include <QTreeView>
 
@@ -22,7 +21,9 @@ using namespace zolt;
 using namespace Qt::StringLiterals;
 using test::child;
 using test::click;
+using test::clickRow;
 using test::retype;
+using test::toldDuring;
 
 namespace {
 
@@ -45,16 +46,6 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(Engines, SavingTwiceTest, ::testing::ValuesIn(test::Engines), test::EngineName);
 
-// The messages that the action brought.
-QStringList toldDuring(const std::function<void()> &act)
-{
-    QStringList shown;
-    const QPointer<QTimer> waiting = test::answerMessages(&shown);
-    act();
-    delete waiting;
-    return shown;
-}
-
 // Runs act on the next modal dialog of that name while the entry point shows it.
 void onDialog(const char *name, const std::function<void(QWidget *)> &act, const std::function<void()> &open)
 {
@@ -62,17 +53,12 @@ void onDialog(const char *name, const std::function<void(QWidget *)> &act, const
     open();
 }
 
-void clickRow(QAbstractItemView *list, int row)
-{
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(list->model()->index(row, 0)).center());
-}
-
 } // namespace
 
 TEST_P(SavingTwiceTest, AUsersRecordEditedTwiceFromTheList)
 {
     onDialog("FrmMenu", [&](QWidget *list) {
-        for (const QString description : {u"Thủ kho chính"_s, u"Thủ kho và kế toán"_s}) {
+        for (const QString &description : {u"Thủ kho chính"_s, u"Thủ kho và kế toán"_s}) {
             clickRow(child<QTreeView>(list, "Lv"), 1);
             onDialog("FrmInput", [&](QWidget *editor) {
                 retype(child<QLineEdit>(editor, "TxtDes"), description);
@@ -89,7 +75,7 @@ TEST_P(SavingTwiceTest, AClerksOwnPasswordChangedTwice)
     for (const char *store : {"digest", "argon2id"}) {
         db.exec(u"Delete From Options Where KeyName='PasswordStore'"_s);
         db.exec(u"Insert Into Options Values('Config', 'PasswordStore', '%1', Null)"_s.arg(QLatin1String(store)));
-        for (const QString password : {u"kho1"_s, u"kho2"_s}) {
+        for (const QString &password : {u"kho1"_s, u"kho2"_s}) {
             onDialog("FrmInput", [&](QWidget *editor) {
                 retype(child<QLineEdit>(editor, "TxtPass"), password);
                 retype(child<QLineEdit>(editor, "txtConfirm"), password);
@@ -109,7 +95,7 @@ TEST_P(SavingTwiceTest, AGroupAndItsRightsSavedTwice)
 {
     onDialog("FmGrp", [&](QWidget *groups) {
         clickRow(child<QAbstractItemView>(groups, "Lv1"), 1);
-        for (const QString name : {u"Kho hàng"_s, u"Kho tổng"_s}) {
+        for (const QString &name : {u"Kho hàng"_s, u"Kho tổng"_s}) {
             retype(child<QLineEdit>(groups, "TxtName"), name);
             EXPECT_EQ(toldDuring([&] { click(groups, "CmdWrite"); }), QStringList());
             EXPECT_EQ(text(u"Select [Name] From Groups Where Code=5"_s), name);
@@ -128,7 +114,7 @@ TEST_P(SavingTwiceTest, AGroupAndItsRightsSavedTwice)
 
 TEST_P(SavingTwiceTest, AnOptionWrittenTwice)
 {
-    for (const QString value : {u"A4"_s, u"A5"_s}) {
+    for (const QString &value : {u"A4"_s, u"A5"_s}) {
         EXPECT_EQ(toldDuring([&] { EXPECT_EQ(WriteOption(u"In"_s, u"Khổ giấy"_s, value, u"Khổ giấy in hoá đơn"_s, 0), 0); }),
                   QStringList());
         EXPECT_EQ(ReadOption(u"In"_s, u"Khổ giấy"_s, QString()), value);

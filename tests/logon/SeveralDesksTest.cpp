@@ -7,6 +7,7 @@
 #include "TestSupport.h"
 #include "data/Database.h"
 #include "logon/FrPms.h"
+#include "servers/LockedShop.h"
 #include "servers/TestServer.h"
 
 #include <zolt/DriverSql.h>
@@ -221,24 +222,42 @@ TEST_P(ServerTest, AfterARestartTheNextCallWorksAndTheOutageIsTold)
 }
 
 // Four desks (twenty with ZOLT_LONG_TRIALS) on a server of the test's own,
-// restarted halfway (and every few seconds after, in the long run).
-TEST(SeveralDesks, AWorkingDayOnOneServerWithARestartLosesNothing)
+// restarted halfway (and every few seconds after, in the long run); open, or
+// locked with the desks connected as a login of the desk role.
+class SeveralDesks : public ::testing::TestWithParam<bool> {};
+INSTANTIATE_TEST_SUITE_P(Server, SeveralDesks, ::testing::Values(false, true),
+                         [](const auto &info) { return info.param ? "Locked" : "Open"; });
+
+TEST_P(SeveralDesks, AWorkingDayOnOneServerWithARestartLosesNothing)
 {
     QTemporaryDir work;
     const QString folder = work.filePath(u"server"_s), markers = work.path();
     ASSERT_EQ(QProcess::execute(u"bash"_s, {QStringLiteral(ZOLT_PG_CLUSTER), u"start"_s, folder}), 0);
     const int desks = test::trials(4, 20), rounds = test::trials(6, 30);
     {
-        QSqlDatabase db = test::addServerDatabase(u"QPSQL"_s, u"day"_s, folder);
-        db.setConnectOptions(u"options=-csearch_path=day,public"_s);
-        ASSERT_TRUE(db.open());
-        run(db, u"Create Schema day"_s);
-        prepare(db);
+        std::unique_ptr<test::LockedShop> shop;
+        QSqlDatabase db;
+        QString schema = u"day"_s;
+        QStringList login;
+        if (GetParam()) {
+            shop = std::make_unique<test::LockedShop>(folder);
+            db = shop->owner();
+            prepare(db);
+            ASSERT_EQ(shop->lock(), 0) << shop->said().toStdString();
+            schema = u"public"_s;
+            login << shop->deskLogin() + u'@' + shop->database();
+        } else {
+            db = test::addServerDatabase(u"QPSQL"_s, u"day"_s, folder);
+            db.setConnectOptions(u"options=-csearch_path=day,public"_s);
+            ASSERT_TRUE(db.open());
+            run(db, u"Create Schema day"_s);
+            prepare(db);
+        }
 
         std::vector<std::unique_ptr<QProcess>> running;
         for (int desk = 0; desk < desks; ++desk)
-            running.push_back(startDesk({u"QPSQL"_s, folder, u"day"_s, QString::number(desk), QString::number(desks),
-                                         QString::number(rounds), markers}));
+            running.push_back(startDesk(QStringList{u"QPSQL"_s, folder, schema, QString::number(desk), QString::number(desks),
+                                                    QString::number(rounds), markers} + login));
         for (int desk = 0; desk < desks; ++desk) {
             while (!QFile::exists(markers + u"/half.%1"_s.arg(desk)) && running[desk]->state() == QProcess::Running)
                 QThread::msleep(20);
