@@ -3,7 +3,7 @@
 
 #include "servers/TestServer.h"
 
-#include "data/Database.h"
+#include "core/database/Database.h"
 
 #include <zolt/Error.h>
 
@@ -97,7 +97,7 @@ QSqlDatabase TempDatabase::db() const
 void TempDatabase::createLibraryTables() const
 {
     // Every statement of the scripts ends its line with ";".
-    const char *script = m_engine == Engine::SQLite ? ZOLT_SQLITE_SCHEMA : ZOLT_POSTGRESQL_SCHEMA;
+    const char *script = m_engine == Engine::SQLite ? ZOLT_SQLITE_VERSION1 : ZOLT_POSTGRESQL_VERSION1;
     for (const QString &statement : QString::fromUtf8(readFile(QLatin1String(script))).split(QStringLiteral(";\n"))) {
         if (statement.contains(QStringLiteral("CREATE")))
             exec(statement.mid(statement.indexOf(QStringLiteral("CREATE"))));

@@ -44,7 +44,8 @@ public:
     // each, so tests pin them where traced().
     const QStringList &statements() const { return *m_statements; }
     bool traced() const { return m_engine == Engine::SQLite; }
-    // Creates the library's tables with the SQL script the library ships.
+    // Creates the library's tables of version 1, the original program's, with
+    // the SQL of the library's first step.
     void createLibraryTables() const;
     // Runs statements, written as the library writes its own, that set up a
     // test; fails the test on an error.

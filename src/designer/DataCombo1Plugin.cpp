@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "designer/DataCombo1Plugin.h"
 
-#include "controls/DataCombo1.h"
+#include <zolt/DataCombo1.h>
 
 #include <QIcon>
 
@@ -34,7 +34,7 @@ QString DataCombo1Plugin::whatsThis() const
 
 QString DataCombo1Plugin::includeFile() const
 {
-    return QStringLiteral("controls/DataCombo1.h");
+    return QStringLiteral("<zolt/DataCombo1.h>");
 }
 
 QIcon DataCombo1Plugin::icon() const

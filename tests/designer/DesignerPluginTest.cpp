@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 // DataCombo1 in Qt Designer: the plugin loads and makes the control, whose
 // design-time properties are Q_PROPERTYs; a form using it compiles by uic.
-#include "controls/DataCombo1.h"
 #include "ui_SearchRow.h"
+
+#include <zolt/DataCombo1.h>
 
 #include <QPluginLoader>
 #include <QtUiPlugin/QDesignerCustomWidgetInterface>

@@ -4,7 +4,7 @@
 // comes out as it went in, and no apostrophe is added or lost.
 #include "FuzzInput.h"
 
-#include "data/ClerkComparisons.h"
+#include "core/database/ClerkComparisons.h"
 
 #include <QCoreApplication>
 #include <QSqlDatabase>

@@ -3,7 +3,7 @@
 // raises overflow); what IsDate accepts, ParseDayFirstDate reads.
 #include "FuzzInput.h"
 
-#include "data/Conversions.h"
+#include "core/base/Conversions.h"
 
 #include <zolt/Error.h>
 

@@ -4,7 +4,7 @@
 // text without a "#" or such a pair is not touched at all.
 #include "FuzzInput.h"
 
-#include "data/Database.h"
+#include "core/database/Database.h"
 
 using namespace zolt;
 

@@ -4,7 +4,7 @@
 // keeps the bytes of every line it does not own.
 #include "FuzzInput.h"
 
-#include "platform/IniFile.h"
+#include "core/platform/IniFile.h"
 
 #include <QFile>
 #include <QTemporaryDir>

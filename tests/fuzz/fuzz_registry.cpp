@@ -3,7 +3,7 @@
 // back from it, and no file lands outside the store's folder.
 #include "FuzzInput.h"
 
-#include "platform/Registry.h"
+#include "core/platform/Registry.h"
 
 #include <zolt/Enums.h>
 

@@ -3,7 +3,7 @@
 // never ends early, whatever the value.
 #include "FuzzInput.h"
 
-#include "data/SqlFunc.h"
+#include "core/database/SqlFunc.h"
 
 #include <zolt/Error.h>
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Access files read as a shop's old program left them: the Jackcess
-// project's test databases (tests/data/access), Access 97 and 2000-2003.
+// project's test databases (tests/tools/access), Access 97 and 2000-2003.
 
 #include "AccessFile.h"
 

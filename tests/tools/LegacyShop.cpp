@@ -43,10 +43,10 @@ struct Statements {
     }
 };
 
-// The library's tables as its SQLite script makes them.
+// The library's tables as the original program had them (version 1).
 bool makeLibraryTables(Statements &run)
 {
-    QFile script(QStringLiteral(ZOLT_SQLITE_SCHEMA));
+    QFile script(QStringLiteral(ZOLT_SQLITE_VERSION1));
     if (!script.open(QIODevice::ReadOnly))
         return false;
     QString statement;

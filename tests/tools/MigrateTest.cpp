@@ -4,12 +4,11 @@
 // results opened with the library's own dialogs.
 
 #include "DialogSupport.h"
-#include "TestSupport.h"
 #include "servers/TestServer.h"
+#include "TestSupport.h"
 #include "tools/LegacyShop.h"
 
-#include "controls/DataCombo1.h"
-
+#include <zolt/DataCombo1.h>
 #include <zolt/Tesmir.h>
 #include <zolt/clsLogon.h>
 

@@ -2,10 +2,10 @@
 // A locked server against a clerk who has the desk's database account: plain
 // SQL from psql, as he would type it, refused by the server at every turn.
 
-#include "data/Database.h"
-#include "logon/LockedServer.h"
-#include "logon/MdlLogon.h"
-#include "logon/PasswordStore.h"
+#include "core/database/Database.h"
+#include "core/logon/LockedServer.h"
+#include "core/logon/MdlLogon.h"
+#include "core/logon/PasswordStore.h"
 #include "servers/LockedShop.h"
 #include "servers/TestServer.h"
 

@@ -1,0 +1,231 @@
+// SPDX-License-Identifier: MIT
+#include "core/database/ClerkComparisons.h"
+
+#include "core/database/Database.h"
+#include "core/database/Options.h"
+#include "core/text/TextFold.h"
+
+#include <QSqlDriver>
+
+#include <algorithm>
+#include <optional>
+
+namespace zolt {
+
+namespace {
+
+enum class Kind { Space, Quoted, Name, Symbol };
+
+struct Token {
+    Kind kind;
+    qsizetype begin, end;
+};
+
+bool isNameCharacter(QChar c)
+{
+    return c.isLetterOrNumber() || c == u'_' || c == u'.' || c == u'$';
+}
+
+// Where the text quoted from i ends, a doubled quote staying inside; nothing
+// when it runs to the end unclosed.
+std::optional<qsizetype> quoteEnd(const QString &sql, qsizetype i)
+{
+    const QChar c = sql.at(i);
+    for (qsizetype end = i + 1; end < sql.size(); end += sql.at(end) == c ? 2 : 1) {
+        if (sql.at(end) == c && !(end + 1 < sql.size() && sql.at(end + 1) == c))
+            return end + 1;
+    }
+    return std::nullopt;
+}
+
+// Where the quoted text, bracketed name or run of name characters starting at i ends.
+qsizetype endOf(const QString &sql, qsizetype i)
+{
+    const QChar c = sql.at(i);
+    if (c == u'\'' || c == u'"')
+        return quoteEnd(sql, i).value_or(sql.size());
+    if (c == u'[') {
+        const qsizetype close = sql.indexOf(u']', i);
+        return close < 0 ? sql.size() : close + 1;
+    }
+    qsizetype end = i + 1;
+    const auto same = [&](QChar d) {
+        return c.isSpace() ? d.isSpace() : isNameCharacter(c) ? isNameCharacter(d) : (d == u'>' && c == u'<');
+    };
+    while (end < sql.size() && same(sql.at(end)))
+        ++end;
+    return end;
+}
+
+QList<Token> tokens(const QString &sql)
+{
+    QList<Token> out;
+    for (qsizetype i = 0; i < sql.size();) {
+        const QChar c = sql.at(i);
+        const qsizetype end = endOf(sql, i);
+        // Text left unclosed is no literal to compare with.
+        const Kind kind = c.isSpace() ? Kind::Space
+                          : c == u'\''   ? (quoteEnd(sql, i) ? Kind::Quoted : Kind::Symbol)
+                          : (c == u'"' || c == u'[' || isNameCharacter(c)) ? Kind::Name
+                                                                          : Kind::Symbol;
+        // A name chain such as T.[Name] is one operand.
+        if (kind == Kind::Name && !out.isEmpty() && out.back().kind == Kind::Name && out.back().end == i)
+            out.back().end = end;
+        else
+            out.append({kind, i, end});
+        i = end;
+    }
+    return out;
+}
+
+// A comparison of an operand with quoted text, as tokens: [first, last].
+struct Comparison {
+    qsizetype operand;          // token index
+    QString op;                 // "=", "<>", "!=", "LIKE", "IN", upper-cased
+    bool negated = false;       // NOT LIKE, NOT IN
+    QList<qsizetype> literals;  // token indexes
+    qsizetype last;             // the literal, or the ")" closing the list
+};
+
+class Reader {
+public:
+    Reader(const QString &sql, const QList<Token> &t)
+        : m_sql(sql), m_tokens(t)
+    {
+    }
+
+    QString text(qsizetype index) const
+    {
+        const Token &t = m_tokens[index];
+        return m_sql.mid(t.begin, t.end - t.begin);
+    }
+    bool is(qsizetype index, QLatin1String word) const
+    {
+        return index < m_tokens.size() && text(index).compare(word, Qt::CaseInsensitive) == 0;
+    }
+    qsizetype skipSpace(qsizetype index) const
+    {
+        while (index < m_tokens.size() && m_tokens[index].kind == Kind::Space)
+            ++index;
+        return index;
+    }
+    bool quoted(qsizetype index) const { return index < m_tokens.size() && m_tokens[index].kind == Kind::Quoted; }
+
+    // The comparison whose operand is token i, if one is there.
+    std::optional<Comparison> comparisonAt(qsizetype i) const
+    {
+        static const QLatin1String keywords[] = {QLatin1String("NOT"), QLatin1String("AND"), QLatin1String("OR"),
+                                                 QLatin1String("WHERE"), QLatin1String("LIKE"), QLatin1String("IN")};
+        if (m_tokens[i].kind != Kind::Name || std::any_of(std::begin(keywords), std::end(keywords),
+                                                          [&](QLatin1String k) { return is(i, k); }))
+            return std::nullopt;
+        Comparison c{i, {}, false, {}, 0};
+        qsizetype at = skipSpace(i + 1);
+        if (is(at, QLatin1String("NOT"))) {
+            c.negated = true;
+            at = skipSpace(at + 1);
+        }
+        if (at >= m_tokens.size())
+            return std::nullopt;
+        c.op = text(at).toUpper();
+        const bool plain = !c.negated && (c.op == u'=' || c.op == QLatin1String("<>") || c.op == QLatin1String("!="));
+        at = skipSpace(at + 1);
+        if (plain || c.op == QLatin1String("LIKE")) {
+            if (!quoted(at))
+                return std::nullopt;
+            c.literals = {at};
+            c.last = at;
+            return c;
+        }
+        if (c.op != QLatin1String("IN") || !is(at, QLatin1String("(")))
+            return std::nullopt;
+        for (at = skipSpace(at + 1); quoted(at); at = skipSpace(at + 1)) {
+            c.literals.append(at);
+            at = skipSpace(at + 1);
+            if (is(at, QLatin1String(")"))) {
+                c.last = at;
+                return c;
+            }
+            if (!is(at, QLatin1String(",")))
+                return std::nullopt;
+        }
+        return std::nullopt;
+    }
+
+private:
+    const QString &m_sql;
+    const QList<Token> &m_tokens;
+};
+
+enum class Engine { SQLite, PostgreSQL, Other };
+
+Engine engineOf(const QSqlDatabase &db)
+{
+    switch (db.driver() ? db.driver()->dbmsType() : QSqlDriver::UnknownDbms) {
+    case QSqlDriver::SQLite: return Engine::SQLite;
+    case QSqlDriver::PostgreSQL: return Engine::PostgreSQL;
+    default: return Engine::Other;
+    }
+}
+
+// The comparison in the engine's clerk form.
+QString rewritten(const Reader &r, const Comparison &c, Engine engine, bool accentBlindSearch)
+{
+    QString typed;
+    for (qsizetype literal : c.literals)
+        typed += r.text(literal);
+    const bool bare = AccentBlindFor(typed, accentBlindSearch);
+    const QString operand = r.text(c.operand);
+    const QString nott = c.negated ? QStringLiteral("NOT ") : QString();
+    QStringList literals;
+    for (qsizetype literal : c.literals)
+        literals << r.text(literal);
+
+    if (engine == Engine::PostgreSQL) {
+        const QString fold = bare ? QStringLiteral("zolt_bare(") : QStringLiteral("zolt_nocase(");
+        for (QString &literal : literals)
+            literal = fold + literal + u')';
+        const QString left = fold + operand + QStringLiteral(") ") + nott + c.op + u' ';
+        return c.op == QLatin1String("IN") ? left + u'(' + literals.join(QStringLiteral(", ")) + u')'
+                                           : left + literals.front();
+    }
+    const QString collation = bare ? QStringLiteral(" COLLATE ZOLT_BARE") : QStringLiteral(" COLLATE NOCASE");
+    if (c.op == QLatin1String("IN"))
+        return operand + collation + u' ' + nott + QStringLiteral("IN (") + literals.join(u',') + u')';
+    if (c.op != QLatin1String("LIKE"))
+        return operand + u' ' + c.op + u' ' + literals.front() + collation;
+    if (!bare)   // the connection's LIKE is case-blind already
+        return operand + u' ' + nott + QStringLiteral("LIKE ") + literals.front();
+    return nott + QStringLiteral("zolt_bare_like(") + operand + QStringLiteral(", ") + literals.front() + u')';
+}
+
+} // namespace
+
+QString ClerkComparisons(const QSqlDatabase &db, const QString &condition)
+{
+    const Engine engine = engineOf(db);
+    if (engine == Engine::Other)
+        return condition;
+    const bool accentBlindSearch = AccentBlindSearchOn(db);
+    const QList<Token> t = tokens(condition);
+    const Reader reader(condition, t);
+    QString out;
+    qsizetype copied = 0;   // source text up to here is in out
+    for (qsizetype i = 0; i < t.size(); ++i) {
+        const auto comparison = reader.comparisonAt(i);
+        if (!comparison)
+            continue;
+        out += QStringView(condition).mid(copied, t[i].begin - copied);
+        out += rewritten(reader, *comparison, engine, accentBlindSearch);
+        copied = t[comparison->last].end;
+        i = comparison->last;
+    }
+    return out + condition.mid(copied);
+}
+
+QString ConditionSql(const QSqlDatabase &db, const QString &condition)
+{
+    return DriverSql(db, ClerkComparisons(db, condition));
+}
+
+} // namespace zolt

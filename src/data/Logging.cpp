@@ -1,9 +1,0 @@
-// SPDX-License-Identifier: MIT
-#include "data/Logging.h"
-
-namespace zolt {
-
-Q_LOGGING_CATEGORY(zoltSql, "zolt.sql", QtWarningMsg)
-Q_LOGGING_CATEGORY(zoltStore, "zolt.store", QtWarningMsg)
-
-} // namespace zolt
