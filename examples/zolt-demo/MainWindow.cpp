@@ -9,6 +9,7 @@
 #include <zolt/DriverSql.h>
 #include <zolt/Enums.h>
 #include <zolt/MenuRights.h>
+#include <zolt/MessageBox.h>
 #include <zolt/Tesmir.h>
 #include <zolt/clsLogon.h>
 
@@ -153,8 +154,8 @@ void MainWindow::showGoods(const QString &condition, const QString &words)
     const QString where = condition.isEmpty() ? QString() : QStringLiteral(" WHERE ") + zolt::ConditionSql(m_db, condition);
     QSqlQuery count(m_db);
     if (!count.exec(QStringLiteral("SELECT COUNT(*) FROM Hang") + where) || !count.next()) {
-        m_logon.MgBox(QStringLiteral("Không lọc được danh mục: ") + count.lastError().text(), zolt::vbOKOnly,
-                      QStringLiteral("Bán hàng ZOLT"), zolt::vbExclamation, this);
+        zolt::MessageBox::warning(this, QStringLiteral("Bán hàng ZOLT"),
+                                  QStringLiteral("Không lọc được danh mục: ") + count.lastError().text());
         return;
     }
     m_goods->setQuery(QStringLiteral("SELECT MaHang, TenHang, DonVi, GiaBan, NgayNhap FROM Hang") + where
@@ -233,8 +234,8 @@ void MainWindow::connectSubMenu(QAction *action, int id)
         break;
     default:
         connect(action, &QAction::triggered, this, [this, name = action->text()] {
-            m_logon.MgBox(QStringLiteral("Chức năng \u00ab%1\u00bb có trong phiên bản sau.").arg(name),
-                          zolt::vbOKOnly, QStringLiteral("Bán hàng ZOLT"), zolt::vbInformation, this);
+            zolt::MessageBox::information(this, QStringLiteral("Bán hàng ZOLT"),
+                                          QStringLiteral("Chức năng \u00ab%1\u00bb có trong phiên bản sau.").arg(name));
         });
     }
 }
@@ -293,8 +294,9 @@ void MainWindow::addLookMenu()
 
 bool MainWindow::askToQuit()
 {
-    return m_logon.MgBox(QStringLiteral("Bạn có muốn thoát khỏi chương trình không?"), zolt::vbYesNo,
-                         QStringLiteral("Bán hàng ZOLT"), zolt::vbQuestion, this) == zolt::Answer::Yes;
+    return zolt::MessageBox::question(this, QStringLiteral("Bán hàng ZOLT"),
+                                      QStringLiteral("Bạn có muốn thoát khỏi chương trình không?"))
+           == zolt::Answer::Yes;
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

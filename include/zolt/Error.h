@@ -11,8 +11,26 @@
 
 namespace zolt {
 
-// The one error type the library raises: a number and a description, as the
-// classic runtime's Err object carried them.
+/// The kinds of error the library reports, one enumeration for all of them:
+/// what a host's code tells apart. zolt::Error::code() gives the kind of an
+/// error raised; the classic numbers ported code expects stay in number().
+enum class ErrorCode : qint32 {
+    NoError = 0,
+    InvalidArgument,       ///< an argument the call cannot take (number 5)
+    Overflow,              ///< a number beyond its type (6)
+    TypeMismatch,          ///< a value of the wrong type, a connection without a driver (13)
+    InvalidPropertyValue,  ///< a property set to a value it cannot take (380)
+    InvalidPropertyIndex,  ///< a list index out of range (381)
+    NoCurrentRecord,       ///< a field read while the record set is at its end (3021)
+    ItemNotFound,          ///< a field name or position the record set does not have (3265)
+    DuplicateKey,          ///< a key already in a collection (457)
+    DatabaseFailure,       ///< a statement the engine refused (-2147217900), with the engine's words
+    ServerUnreachable,     ///< the server went away (-2147467259); the library opens the connection again when it can
+    Other                  ///< a number of the host's own or of no kind above
+};
+
+/// The one error type the library raises: a number and a description, as the
+/// classic runtime's Err object carried them, and the kind of error.
 class ZOLT_EXPORT Error : public std::exception {
 public:
     enum Number : qint32 {
@@ -33,6 +51,8 @@ public:
     Error(qint32 number, const QString &description);
 
     qint32 number() const noexcept { return m_number; }
+    /// The kind of error, for a switch; Other for a number of no known kind.
+    ErrorCode code() const noexcept;
     QString description() const { return m_description; }
     const char *what() const noexcept override { return m_what.constData(); }
 

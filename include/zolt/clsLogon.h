@@ -52,11 +52,6 @@ public:
                   bool RightToLeft = false, QWidget *parent = nullptr);
     QString MgBox(const QString &Message, qint32 Button = 0);
 
-    // The same box, answering with the button pressed, every button told
-    // apart (Answer::None when it was closed otherwise).
-    Answer MgBox(const QString &Message, Buttons buttons, const QString &Title, IconValue icon = IconValue(0),
-                 QWidget *parent = nullptr);
-
     // The font name the library's dialogs use, until the next dialog reads
     // the configured one again.
     void SetDfFont(const QString &F1);

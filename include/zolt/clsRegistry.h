@@ -28,18 +28,10 @@ public:
     // valid, the key or value is missing, access is refused, or the value does
     // not fit 1024 bytes.
     bool GetKeyValue(qint32 KeyRoot, const QString &KeyName, const QString &ValueName, QString &ValueData);
-    bool GetKeyValue(REGToolRootTypes KeyRoot, const QString &KeyName, const QString &ValueName, QString &ValueData)
-    {
-        return GetKeyValue(qint32(KeyRoot), KeyName, ValueName, ValueData);
-    }
 
     // Writes a text value, creating the key as needed; the status of the write
     // (0 success, 5 access denied ...).
     qint32 WriteRegEdit(qint32 hKeyReg, const QString &KeyName, const QString &KeyWord, const QString &StValue);
-    qint32 WriteRegEdit(REGToolRootTypes hKeyReg, const QString &KeyName, const QString &KeyWord, const QString &StValue)
-    {
-        return WriteRegEdit(qint32(hKeyReg), KeyName, KeyWord, StValue);
-    }
 
     // Registers a SQL Server data source on the machine; always an empty Variant.
     QVariant Create_DSN(const QString &DSN, const QString &Desc, const QString &Dtb, const QString &Svr,

@@ -3,6 +3,7 @@
 
 #include <zolt/zolt_export.h>
 
+#include <QObject>
 #include <QSqlDatabase>
 #include <QString>
 
@@ -21,10 +22,12 @@ namespace zolt {
 // SetActiveConnection, which becomes the library's connection when it shows;
 // given none (or only a description), on the library's connection, the one
 // that a logon entry point or Tesmir::FindShow was last given.
-class ZOLT_EXPORT clsSearch {
+class ZOLT_EXPORT clsSearch : public QObject {
+    Q_OBJECT
+
 public:
-    clsSearch();
-    ~clsSearch();
+    explicit clsSearch(QObject *parent = nullptr);
+    ~clsSearch() override;
     clsSearch(const clsSearch &) = delete;
     clsSearch &operator=(const clsSearch &) = delete;
 
@@ -50,6 +53,12 @@ public:
     // waiting for the same table and still open is brought forward instead;
     // any other call shows a dialog of its own.
     void Show(std::optional<qint32> Modal = std::nullopt, QWidget *OwnerForm = nullptr);
+
+Q_SIGNALS:
+    // A dialog this class showed has ended: with its condition and the same
+    // in words after "Đồ&ng ý", with "" after "&Bỏ qua" or the close box. A
+    // search shown without waiting tells its end only so (Result stays "").
+    void finished(const QString &condition, const QString &words);
 
 private:
     struct Private;

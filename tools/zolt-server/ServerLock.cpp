@@ -10,6 +10,8 @@
 #include <QSqlField>
 #include <QSqlQuery>
 
+#include <functional>
+
 namespace zolt::server {
 
 namespace {
@@ -17,13 +19,12 @@ namespace {
 const QString LibraryTables =
     QStringLiteral("'user', 'groups', 'menu', 'submenu', 'options', 'lstfld', 'operator', 'logonfailures', 'logonlog'");
 
-bool run(const QSqlDatabase &db, const QString &sql, QString *error)
+QSqlQuery run(const QSqlDatabase &db, const QString &sql)
 {
     QSqlQuery query(db);
-    if (query.exec(sql))
-        return true;
-    *error = query.lastError().text();
-    return false;
+    if (!query.exec(sql))
+        throw Error(Error::DatabaseFailure, query.lastError().text());
+    return query;
 }
 
 QString literal(const QSqlDatabase &db, const QString &text)
@@ -34,15 +35,11 @@ QString literal(const QSqlDatabase &db, const QString &text)
 }
 
 // The script of the resource, its placeholders filled, run statement by statement.
-bool runScript(const QSqlDatabase &db, const QString &resource, const QString &deskRole, QString *error)
+void runScript(const QSqlDatabase &db, const QString &resource, const QString &deskRole)
 {
-    QSqlQuery schema(QStringLiteral("SELECT current_schema(), (SELECT n.nspname FROM pg_extension e JOIN pg_namespace n "
-                                    "ON n.oid = e.extnamespace WHERE e.extname = 'citext')"),
-                     db);
-    if (!schema.next()) {
-        *error = schema.lastError().text();
-        return false;
-    }
+    QSqlQuery schema = run(db, QStringLiteral("SELECT current_schema(), (SELECT n.nspname FROM pg_extension e JOIN "
+                                              "pg_namespace n ON n.oid = e.extnamespace WHERE e.extname = 'citext')"));
+    schema.next();
     const auto identifier = [&](const QString &name) { return db.driver()->escapeIdentifier(name, QSqlDriver::TableName); };
     QFile file(resource);
     file.open(QIODevice::ReadOnly);
@@ -51,51 +48,45 @@ bool runScript(const QSqlDatabase &db, const QString &resource, const QString &d
                                .replace(QStringLiteral("@extensions@"), identifier(schema.value(1).toString()))
                                .replace(QStringLiteral("@desk_literal@"), literal(db, deskRole))
                                .replace(QStringLiteral("@desk@"), identifier(deskRole));
-    for (const QString &statement : ScriptStatements(script)) {
-        if (!run(db, statement, error))
-            return false;
-    }
-    return true;
+    for (const QString &statement : ScriptStatements(script))
+        run(db, statement);
 }
 
 // The library's tables and functions belong to this role: it takes those it
 // may take. (A function another role could replace would run with this
 // role's rights when the lock's functions write the tables.)
-bool ownLibrary(const QSqlDatabase &db, QString *error)
+void ownLibrary(const QSqlDatabase &db)
 {
-    QSqlQuery others(db);
-    others.exec(QStringLiteral("SELECT 'TABLE', format('%I', tablename) FROM pg_tables WHERE schemaname = current_schema() "
-                               "AND tablename IN (%1) AND tableowner <> current_user "
-                               "UNION ALL SELECT 'FUNCTION', p.oid::regprocedure::text FROM pg_proc p JOIN pg_namespace n ON n.oid = p.pronamespace "
-                               "WHERE n.nspname = current_schema() AND p.proname LIKE 'zolt\\_%' "
-                               "AND pg_get_userbyid(p.proowner) <> current_user")
-                    .arg(LibraryTables));
+    QSqlQuery others = run(db, QStringLiteral("SELECT 'TABLE', format('%I', tablename) FROM pg_tables WHERE schemaname = "
+                                              "current_schema() AND tablename IN (%1) AND tableowner <> current_user "
+                                              "UNION ALL SELECT 'FUNCTION', p.oid::regprocedure::text FROM pg_proc p JOIN "
+                                              "pg_namespace n ON n.oid = p.pronamespace WHERE n.nspname = current_schema() "
+                                              "AND p.proname LIKE 'zolt\\_%' AND pg_get_userbyid(p.proowner) <> current_user")
+                                   .arg(LibraryTables));
     while (others.next()) {
         const QString object = others.value(0).toString() + u' ' + others.value(1).toString();
-        if (!run(db, QStringLiteral("ALTER %1 OWNER TO CURRENT_USER").arg(object), error)) {
-            *error = QStringLiteral("The %1 belongs to another role, which this one cannot take it from (as the server's "
-                                    "superuser, REASSIGN OWNED BY that role TO this one): %2").arg(object, *error);
-            return false;
+        try {
+            run(db, QStringLiteral("ALTER %1 OWNER TO CURRENT_USER").arg(object));
+        } catch (const Error &e) {
+            throw Error(e.number(), QStringLiteral("The %1 belongs to another role, which this one cannot take it from (as "
+                                                   "the server's superuser, REASSIGN OWNED BY that role TO this one): %2")
+                                        .arg(object, e.description()));
         }
     }
-    return true;
 }
 
-bool inTransaction(QSqlDatabase db, const std::function<bool()> &work, QString *error)
+void inTransaction(QSqlDatabase db, const std::function<void()> &work)
 {
-    if (!db.transaction()) {
-        *error = db.lastError().text();
-        return false;
-    }
-    if (!work()) {
+    if (!db.transaction())
+        throw Error(Error::DatabaseFailure, db.lastError().text());
+    try {
+        work();
+    } catch (...) {
         db.rollback();
-        return false;
+        throw;
     }
-    if (!db.commit()) {
-        *error = db.lastError().text();
-        return false;
-    }
-    return true;
+    if (!db.commit())
+        throw Error(Error::DatabaseFailure, db.lastError().text());
 }
 
 } // namespace
@@ -118,33 +109,24 @@ QStringList ScriptStatements(const QString &script)
     return statements;
 }
 
-bool Lock(const QSqlDatabase &db, const QString &deskRole, QString *error)
+void Lock(const QSqlDatabase &db, const QString &deskRole)
 {
-    if (!runScript(db, QStringLiteral(":/zolt-server/lock-checks-postgresql.sql"), deskRole, error))
-        return false;
-    try {
-        if (const QStringList duplicates = CreateTables(db); !duplicates.isEmpty()) {
-            *error = QStringLiteral("Rows break the unique keys the lock needs; put them right first:\n") + duplicates.join(u'\n');
-            return false;
-        }
-    } catch (const Error &e) {
-        *error = e.description();
-        return false;
-    }
-    return inTransaction(db, [&] {
-        return run(db,
-                   QStringLiteral("DO $$ BEGIN IF NOT EXISTS (SELECT 1 FROM pg_roles WHERE rolname = %1) THEN "
-                                  "CREATE ROLE %2 NOLOGIN; END IF; END $$")
-                       .arg(literal(db, deskRole), db.driver()->escapeIdentifier(deskRole, QSqlDriver::TableName)),
-                   error)
-               && ownLibrary(db, error) && runScript(db, QStringLiteral(":/zolt-server/lock-postgresql.sql"), deskRole, error);
-    }, error);
+    runScript(db, QStringLiteral(":/zolt-server/lock-checks-postgresql.sql"), deskRole);
+    if (const QStringList duplicates = CreateTables(db); !duplicates.isEmpty())
+        throw Error(Error::DatabaseFailure,
+                    QStringLiteral("Rows break the unique keys the lock needs; put them right first:\n") + duplicates.join(u'\n'));
+    inTransaction(db, [&] {
+        run(db, QStringLiteral("DO $$ BEGIN IF NOT EXISTS (SELECT 1 FROM pg_roles WHERE rolname = %1) THEN "
+                               "CREATE ROLE %2 NOLOGIN; END IF; END $$")
+                    .arg(literal(db, deskRole), db.driver()->escapeIdentifier(deskRole, QSqlDriver::TableName)));
+        ownLibrary(db);
+        runScript(db, QStringLiteral(":/zolt-server/lock-postgresql.sql"), deskRole);
+    });
 }
 
-bool Unlock(const QSqlDatabase &db, const QString &deskRole, QString *error)
+void Unlock(const QSqlDatabase &db, const QString &deskRole)
 {
-    return inTransaction(db, [&] { return runScript(db, QStringLiteral(":/zolt-server/unlock-postgresql.sql"), deskRole, error); },
-                         error);
+    inTransaction(db, [&] { runScript(db, QStringLiteral(":/zolt-server/unlock-postgresql.sql"), deskRole); });
 }
 
 } // namespace zolt::server

@@ -15,6 +15,24 @@ Error::Error(qint32 number, const QString &description)
 {
 }
 
+ErrorCode Error::code() const noexcept
+{
+    switch (m_number) {
+    case 0: return ErrorCode::NoError;
+    case InvalidArgument: return ErrorCode::InvalidArgument;
+    case Overflow: return ErrorCode::Overflow;
+    case TypeMismatch: return ErrorCode::TypeMismatch;
+    case InvalidPropertyValue: return ErrorCode::InvalidPropertyValue;
+    case InvalidPropertyIndex: return ErrorCode::InvalidPropertyIndex;
+    case NoCurrentRecord: return ErrorCode::NoCurrentRecord;
+    case ItemNotFound: return ErrorCode::ItemNotFound;
+    case DuplicateKey: return ErrorCode::DuplicateKey;
+    case DatabaseFailure: return ErrorCode::DatabaseFailure;
+    case ServerUnreachable: return ErrorCode::ServerUnreachable;
+    default: return ErrorCode::Other;
+    }
+}
+
 QString Error::standardDescription(qint32 number)
 {
     switch (number) {

@@ -3,6 +3,7 @@
 
 #include "core/database/Database.h"
 #include "core/database/Options.h"
+#include "core/database/SqlLexer.h"
 #include "core/text/TextFold.h"
 
 #include <QSqlDriver>
@@ -21,59 +22,24 @@ struct Token {
     qsizetype begin, end;
 };
 
-bool isNameCharacter(QChar c)
-{
-    return c.isLetterOrNumber() || c == u'_' || c == u'.' || c == u'$';
-}
-
-// Where the text quoted from i ends, a doubled quote staying inside; nothing
-// when it runs to the end unclosed.
-std::optional<qsizetype> quoteEnd(const QString &sql, qsizetype i)
-{
-    const QChar c = sql.at(i);
-    for (qsizetype end = i + 1; end < sql.size(); end += sql.at(end) == c ? 2 : 1) {
-        if (sql.at(end) == c && !(end + 1 < sql.size() && sql.at(end + 1) == c))
-            return end + 1;
-    }
-    return std::nullopt;
-}
-
-// Where the quoted text, bracketed name or run of name characters starting at i ends.
-qsizetype endOf(const QString &sql, qsizetype i)
-{
-    const QChar c = sql.at(i);
-    if (c == u'\'' || c == u'"')
-        return quoteEnd(sql, i).value_or(sql.size());
-    if (c == u'[') {
-        const qsizetype close = sql.indexOf(u']', i);
-        return close < 0 ? sql.size() : close + 1;
-    }
-    qsizetype end = i + 1;
-    const auto same = [&](QChar d) {
-        return c.isSpace() ? d.isSpace() : isNameCharacter(c) ? isNameCharacter(d) : (d == u'>' && c == u'<');
-    };
-    while (end < sql.size() && same(sql.at(end)))
-        ++end;
-    return end;
-}
-
+// The statement's pieces as operands and the rest: names of every form are
+// names, a name chain such as T.[Name] is one operand, and text left
+// unclosed is no literal to compare with.
 QList<Token> tokens(const QString &sql)
 {
     QList<Token> out;
-    for (qsizetype i = 0; i < sql.size();) {
-        const QChar c = sql.at(i);
-        const qsizetype end = endOf(sql, i);
-        // Text left unclosed is no literal to compare with.
-        const Kind kind = c.isSpace() ? Kind::Space
-                          : c == u'\''   ? (quoteEnd(sql, i) ? Kind::Quoted : Kind::Symbol)
-                          : (c == u'"' || c == u'[' || isNameCharacter(c)) ? Kind::Name
-                                                                          : Kind::Symbol;
-        // A name chain such as T.[Name] is one operand.
-        if (kind == Kind::Name && !out.isEmpty() && out.back().kind == Kind::Name && out.back().end == i)
-            out.back().end = end;
+    for (const SqlPiece &piece : SqlPieces(sql)) {
+        Kind kind = Kind::Symbol;
+        switch (piece.kind) {
+        case SqlPieceKind::Space: kind = Kind::Space; break;
+        case SqlPieceKind::Quoted: kind = Kind::Quoted; break;
+        case SqlPieceKind::DoubleQuoted: case SqlPieceKind::Bracketed: case SqlPieceKind::Name: kind = Kind::Name; break;
+        default: break;
+        }
+        if (kind == Kind::Name && !out.isEmpty() && out.back().kind == Kind::Name && out.back().end == piece.begin)
+            out.back().end = piece.end;
         else
-            out.append({kind, i, end});
-        i = end;
+            out.append({kind, piece.begin, piece.end});
     }
     return out;
 }

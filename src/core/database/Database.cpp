@@ -4,6 +4,7 @@
 #include "core/base/Conversions.h"
 #include "core/base/Logging.h"
 #include "core/database/CaseBlindText.h"
+#include "core/database/SqlLexer.h"
 
 #include <zolt/Connection.h>
 #include <zolt/Error.h>
@@ -85,63 +86,38 @@ Dialect dialectOf(const QSqlDatabase &db, bool statementHasBackslash)
 // names, #m/d/y# literals as ISO text where the engine lacks them.
 QString adapt(const QString &sql, const Dialect &dialect)
 {
+    const auto isQuote = [](QChar q) { return q == u'\'' || q == u'"'; };
     QString out;
     out.reserve(sql.size() + 8);
-    qsizetype i = 0;
-    while (i < sql.size()) {
-        const QChar c = sql.at(i);
-        if (c == u'\'' || c == u'"') {
-            // Quoted text is copied whole; a doubled quote stays inside it.
-            qsizetype end = i + 1;
-            while (end < sql.size()) {
-                if (sql.at(end) == c) {
-                    if (end + 1 < sql.size() && sql.at(end + 1) == c) {
-                        end += 2;
-                        continue;
-                    }
-                    break;
-                }
-                ++end;
+    for (const SqlPiece &piece : SqlPieces(sql)) {
+        QString text = sql.mid(piece.begin, piece.end - piece.begin);
+        switch (piece.kind) {
+        case SqlPieceKind::Quoted:
+        case SqlPieceKind::Unclosed:
+            // The library's quoting doubles double quotes too; the text typed had one.
+            text.replace(QStringLiteral("\"\""), QStringLiteral("\""));
+            if (dialect.backslashEscapes)
+                text.replace(u'\\', QStringLiteral("\\\\"));
+            break;
+        case SqlPieceKind::Bracketed:
+            if (dialect.open != u'[') {
+                const QString name = text.mid(1, text.size() - 2);
+                text = dialect.open + (dialect.lowerCaseNames ? name.toLower() : name) + dialect.close;
             }
-            QString quoted = sql.mid(i, end - i + 1);
-            if (c == u'\'') {
-                // The library's quoting doubles double quotes too; the text
-                // typed had one.
-                quoted.replace(QStringLiteral("\"\""), QStringLiteral("\""));
-                if (dialect.backslashEscapes)
-                    quoted.replace(u'\\', QStringLiteral("\\\\"));
+            break;
+        case SqlPieceKind::Date:
+            if (const auto iso = isoDate(text.mid(1, text.size() - 2)); iso && !dialect.hashDates) {
+                // A quoted literal right beside another would merge with it.
+                const bool quoteBefore = !out.isEmpty() && isQuote(out.back());
+                const bool quoteAfter = piece.end < sql.size() && isQuote(sql.at(piece.end));
+                text = (quoteBefore ? QStringLiteral(" '") : QStringLiteral("'")) + *iso
+                       + (quoteAfter ? QStringLiteral("' ") : QStringLiteral("'"));
             }
-            out += quoted;
-            i = end + 1;
-            continue;
+            break;
+        default:
+            break;
         }
-        if (c == u'[' && dialect.open != u'[') {
-            const qsizetype close = sql.indexOf(u']', i + 1);
-            if (close > 0) {
-                const QString name = sql.mid(i + 1, close - i - 1);
-                out += dialect.open + (dialect.lowerCaseNames ? name.toLower() : name) + dialect.close;
-                i = close + 1;
-                continue;
-            }
-        }
-        if (c == u'#' && !dialect.hashDates) {
-            const qsizetype close = sql.indexOf(u'#', i + 1);
-            if (close > 0) {
-                if (const auto iso = isoDate(sql.mid(i + 1, close - i - 1))) {
-                    // A quoted literal right beside another would merge with it.
-                    const auto isQuote = [](QChar q) { return q == u'\'' || q == u'"'; };
-                    if (!out.isEmpty() && isQuote(out.back()))
-                        out += u' ';
-                    out += u'\'' + *iso + u'\'';
-                    if (close + 1 < sql.size() && isQuote(sql.at(close + 1)))
-                        out += u' ';
-                    i = close + 1;
-                    continue;
-                }
-            }
-        }
-        out += c;
-        ++i;
+        out += text;
     }
     return out;
 }

@@ -2,6 +2,7 @@
 #include "core/database/Options.h"
 
 #include "core/base/Conversions.h"
+#include "core/base/Logging.h"
 #include "core/database/Database.h"
 #include "core/database/Recordset.h"
 #include "core/database/SqlFunc.h"
@@ -62,8 +63,8 @@ QString ReadOption(const QString &section, const QString &key, const QString &de
         if (rs.Open(QStringLiteral("Select * From [Options]") + keyCondition(section, key), db, Cursor::ForwardOnly) == 0
             && !rs.Eof())
             value = NullToStr(rs.Value(QStringLiteral("KeyValue")));
-    } catch (const Error &) {
-        // a read that fails is a missing value
+    } catch (const Error &e) {
+        LogIgnored("A setting read as missing", e);   // a read that fails is a missing value
     }
     return value.isEmpty() ? defaultValue : value;
 }
@@ -114,7 +115,8 @@ qint32 GetMaxValue(const QString &table, const QString &field, const QSqlDatabas
             return 0;
         rs.MoveLast();
         return LngVal(rs.Value(0));
-    } catch (const Error &) {
+    } catch (const Error &e) {
+        LogIgnored("No largest value read", e);
         return 0;
     }
 }

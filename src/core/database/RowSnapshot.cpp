@@ -12,10 +12,10 @@ void RowSnapshot::Take(const Recordset &rs, const QStringList &columns)
 {
     m_values.clear();
     for (const QString &column : columns) {
-        try {
-            m_values.append({column, rs.Value(column)});
-        } catch (const Error &) {
-            // a column this table does not have is not compared
+        // A column this table does not have is not compared.
+        for (int position = 0; position < rs.FieldCount(); ++position) {
+            if (rs.FieldName(position).compare(column, Qt::CaseInsensitive) == 0)
+                m_values.append({column, rs.Value(position)});
         }
     }
 }

@@ -2,6 +2,7 @@
 #include "core/logon/LockedServer.h"
 
 #include "core/base/Conversions.h"
+#include "core/base/Logging.h"
 #include "core/database/Database.h"
 #include "core/database/Options.h"
 #include "core/database/SqlFunc.h"
@@ -126,8 +127,9 @@ LockedLogonResult LockedLogon(const QString &name, const QString &password, cons
     if (!strong && policy.strong) {
         try {
             LockedSetOwnPassword(LockedPassword(password, policy));
-        } catch (const Error &) {
+        } catch (const Error &e) {
             // an upgrade that fails changes nothing: the digest still opens the account
+            LogIgnored("A legacy digest kept, not made a hash", e);
         }
     }
     return result;

@@ -2,6 +2,7 @@
 #include "core/search/MFind.h"
 
 #include "core/base/Conversions.h"
+#include "core/base/Logging.h"
 #include "core/database/SqlFunc.h"
 #include "core/search/ItemDataList.h"
 
@@ -71,8 +72,9 @@ void FillList(ItemDataList &list, const QString &order, QString sql)
     bool whole = true;
     try {
         ReadRows(rs, texts, data);
-    } catch (const Error &) {
-        whole = false;   // the list as far as it got
+    } catch (const Error &e) {
+        LogIgnored("A list filled as far as its rows were read", e);
+        whole = false;
     }
     // Read to the end before the list changes: its Click may run a query of its own.
     rs.Close();
@@ -110,8 +112,8 @@ void LoadFieldInfo(QString sql, const QString &order)
             FieldRelation[k] = NullToStr(rs.Value(QStringLiteral("Relation")));
             FieldType[k] = LngVal(rs.Value(QStringLiteral("Type")));
         }
-    } catch (const Error &) {
-        // the cache stays as far as it got
+    } catch (const Error &e) {
+        LogIgnored("The search fields read as far as they could be", e);
     }
 }
 

@@ -2,6 +2,7 @@
 #include "widgets/controls/FmSelHang.h"
 
 #include "core/base/Conversions.h"
+#include "core/base/Logging.h"
 #include "core/database/Database.h"
 #include "core/database/Options.h"
 #include "core/search/MFind.h"
@@ -193,8 +194,8 @@ qint32 FmSelHang::ReadInfo(const QString &Sql)
                 names->append(name);
                 codes->append(code);
             }
-        } catch (const Error &) {
-            // the rows read before a failure stay
+        } catch (const Error &e) {
+            LogIgnored("A pick list of the rows read before a failure", e);
         }
         m_indexes.reset();   // stops building the index of the list before
         m_rows->reset(names, codes);

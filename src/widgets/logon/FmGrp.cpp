@@ -2,6 +2,7 @@
 #include "widgets/logon/FmGrp.h"
 
 #include "core/base/Conversions.h"
+#include "core/base/Logging.h"
 #include "core/database/Database.h"
 #include "core/database/Options.h"
 #include "core/database/SqlFunc.h"
@@ -172,8 +173,8 @@ void FmGrp::ViewInfo(qint32 Id)
             for (; !rs.Eof(); rs.MoveNext())
                 new QTreeWidgetItem(lvUser, {NullToStr(rs.Value(0)), NullToStr(rs.Value(1))});
         }
-    } catch (const Error &) {
-        // a table without these columns shows nothing
+    } catch (const Error &e) {
+        LogIgnored("A group shown without its row", e);   // a table without these columns shows nothing
     }
 }
 

@@ -2,6 +2,7 @@
 #include "widgets/logon/FrPms.h"
 
 #include "core/base/Conversions.h"
+#include "core/base/Logging.h"
 #include "core/database/Database.h"
 #include "core/database/SqlFunc.h"
 #include "core/logon/LockedServer.h"
@@ -108,7 +109,8 @@ void FrPms::ReadPms()
             m_rights << LngVal(rs.Value(FirstRightsColumn + k));
             m_columns << rs.FieldName(FirstRightsColumn + k);
         }
-    } catch (const Error &) {
+    } catch (const Error &e) {
+        LogIgnored("A group's rights read as far as they could be", e);
     }
     m_read = m_rights;
 }
@@ -123,7 +125,8 @@ void FrPms::ReadInf(const QString &TableName, QListWidget *Lv)
     try {
         for (; !rs.Eof(); rs.MoveNext())
             AddListItem(Lv, LngVal(rs.Value(QStringLiteral("ID"))), NullToStr(rs.Value(QStringLiteral("Desc"))));
-    } catch (const Error &) {
+    } catch (const Error &e) {
+        LogIgnored("Menus listed as far as they could be read", e);
     }
 }
 

@@ -2,6 +2,7 @@
 #include "widgets/logon/FrmInput.h"
 
 #include "core/base/Conversions.h"
+#include "core/base/Logging.h"
 #include "core/database/SqlFunc.h"
 #include "core/logon/LockedServer.h"
 #include "core/logon/MdlLogon.h"
@@ -129,8 +130,8 @@ void FrmInput::PreLoad()
                 txtConfirm->setText(stored);
                 TxtIdGroup->setCurrentIndex(FindItemData(TxtIdGroup, LngVal(rs.Value(QStringLiteral("IdGroup")))));
             }
-        } catch (const Error &) {
-            // an unreadable user leaves the boxes empty
+        } catch (const Error &e) {
+            LogIgnored("A user's boxes left empty", e);   // an unreadable user leaves the boxes empty
         }
     }
     m_passwordChanged = false;
@@ -147,8 +148,8 @@ void FrmInput::ReadDict(QComboBox *Cmb, const QString &Tbl)
         for (; opened && !rs.Eof(); rs.MoveNext())
             Cmb->addItem(NullToStr(rs.Value(1)) + QLatin1Char('-') + WithoutAddedBlank(NullToStr(rs.Value(2))),
                         LngVal(rs.Value(0)));
-    } catch (const Error &) {
-        // a table of fewer columns gives no entries
+    } catch (const Error &e) {
+        LogIgnored("A list read without its entries", e);   // a table of fewer columns gives no entries
     }
     Cmb->setCurrentIndex(index < Cmb->count() ? index : -1);
 }

@@ -2,6 +2,7 @@
 #include "widgets/logon/FrmLogon.h"
 
 #include "core/base/Conversions.h"
+#include "core/base/Logging.h"
 #include "core/logon/LockedServer.h"
 #include "core/logon/LogonGuard.h"
 #include "core/logon/MdlLogon.h"
@@ -116,8 +117,8 @@ void FrmLogon::CmdOk_Click()
         UserCode = 0;
         try {
             RecordLogon(user, QStringLiteral("failure"), limits);
-        } catch (const Error &) {
-            // the database that failed the logon may fail its record too
+        } catch (const Error &e) {
+            LogIgnored("A failed logon not recorded", e);   // the database that failed the logon may fail its record too
         }
         refuse(Failed, 1);
     }

@@ -70,11 +70,6 @@ QString clsLogon::MgBox(const QString &Message, qint32 Button)
     return ShowMgBox(Message, Button);
 }
 
-Answer clsLogon::MgBox(const QString &Message, Buttons buttons, const QString &Title, IconValue icon, QWidget *parent)
-{
-    return Answer(ShowMgBoxAnswer(Message, buttons, Title, icon, parent));
-}
-
 void clsLogon::SetDfFont(const QString &F1)
 {
     DefaultFontName = F1;

@@ -2,7 +2,8 @@
 #include "widgets/msgbox/MdlMsg.h"
 
 #include "core/database/Database.h"
-#include "widgets/msgbox/MessageBox.h"
+
+#include <zolt/MessageBox.h>
 
 #include <QApplication>
 #include <QPointer>

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "widgets/msgbox/MessageBox.h"
+#include <zolt/MessageBox.h>
 
 #include "core/base/Conversions.h"
 #include "widgets/controls/AccessibleNames.h"
 #include "widgets/desktop/General.h"
 #include "widgets/desktop/KeyPreview.h"
+#include "widgets/msgbox/MdlMsg.h"
 #include "widgets/platform/KeyDelivery.h"
 #include "widgets/platform/OleColor.h"
 
@@ -383,6 +384,26 @@ void MessageBox::resizeEvent(QResizeEvent *event)
     Label5->setGeometry(0, 0, w, Label5->height());
     label4->setGeometry(ToPixels(10), (Label5->height() - label4->sizeHint().height()) / 2,
                         Label5->width() - ToPixels(50), label4->sizeHint().height());
+}
+
+Answer MessageBox::information(QWidget *parent, const QString &title, const QString &text)
+{
+    return Answer(ShowMgBoxAnswer(text, vbOKOnly, title, vbInformation, parent));
+}
+
+Answer MessageBox::question(QWidget *parent, const QString &title, const QString &text, Buttons buttons)
+{
+    return Answer(ShowMgBoxAnswer(text, buttons, title, vbQuestion, parent));
+}
+
+Answer MessageBox::warning(QWidget *parent, const QString &title, const QString &text, Buttons buttons)
+{
+    return Answer(ShowMgBoxAnswer(text, buttons, title, vbExclamation, parent));
+}
+
+Answer MessageBox::critical(QWidget *parent, const QString &title, const QString &text, Buttons buttons)
+{
+    return Answer(ShowMgBoxAnswer(text, buttons, title, vbCritical, parent));
 }
 
 } // namespace zolt

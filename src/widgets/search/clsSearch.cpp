@@ -19,8 +19,9 @@ struct clsSearch::Private {
     QString words;
 };
 
-clsSearch::clsSearch()
-    : d(std::make_unique<Private>())
+clsSearch::clsSearch(QObject *parent)
+    : QObject(parent)
+    , d(std::make_unique<Private>())
 {
 }
 
@@ -81,6 +82,7 @@ void clsSearch::Show(std::optional<qint32> Modal, QWidget *OwnerForm)
         dialog.exec();
         d->result = dialog.Result;
         d->words = dialog.ResultWords;
+        Q_EMIT finished(d->result, d->words);
         return;
     }
     for (FrmFind *open : std::as_const(modeless)) {
@@ -94,6 +96,7 @@ void clsSearch::Show(std::optional<qint32> Modal, QWidget *OwnerForm)
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, dialog, &QObject::deleteLater);
     dialog->TableName = d->table;
+    connect(dialog, &QDialog::finished, this, [this, dialog] { Q_EMIT finished(dialog->Result, dialog->ResultWords); });
     dialog->Load();
     dialog->show();
     modeless.append(dialog);

@@ -8,13 +8,13 @@
 #include "widgets/logon/FrmLogon.h"
 #include "widgets/logon/FrmMenu.h"
 #include "widgets/logon/FrPms.h"
-#include "widgets/msgbox/MessageBox.h"
 #include "widgets/search/FrmFind.h"
 
 #include "DialogSupport.h"
 #include "TestSupport.h"
 
 #include <zolt/Enums.h>
+#include <zolt/MessageBox.h>
 
 #include <QAccessible>
 #include <QComboBox>

@@ -15,6 +15,7 @@
 #include "widgets/logon/FmGrp.h"
 #include "widgets/logon/FrmMenu.h"
 
+#include <zolt/Error.h>
 #include <zolt/Schema.h>
 
 #include <sodium.h>
@@ -258,8 +259,12 @@ Shops lockedAndOpen()
 {
     Shops shops{shopDatabase(QStringLiteral("bench_open")), QSqlDatabase(), QString()};
     StrongLogon(QStringLiteral("admin"), QStringLiteral("admin"), ReadPasswordPolicy());   // the digest gives way to a hash
-    if (!server::Lock(shopDatabase(QStringLiteral("bench_locked")), QStringLiteral("bench_desk"), &shops.error))
+    try {
+        server::Lock(shopDatabase(QStringLiteral("bench_locked")), QStringLiteral("bench_desk"));
+    } catch (const Error &e) {
+        shops.error = e.description();
         return shops;
+    }
     Execute(QStringLiteral("CREATE ROLE bench_counter LOGIN IN ROLE bench_desk"));
     shops.locked = test::addServerDatabase(QStringLiteral("QPSQL"), QStringLiteral("bench-counter"),
                                            qEnvironmentVariable("ZOLT_BENCH_SERVERS"));

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "widgets/msgbox/MdlMsg.h"
-#include "widgets/msgbox/MessageBox.h"
 
 #include "DialogSupport.h"
 
 #include <zolt/Enums.h>
+#include <zolt/MessageBox.h>
 #include <zolt/clsLogon.h>
 
+#include <QGuiApplication>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
@@ -156,10 +157,11 @@ TEST(MessageBox, LongMessagesWrapTheDialogDrawsItsFrameAndMovesByItsBand)
     }, u"Không thể lưu chứng từ vì kỳ kế toán đã khoá sổ. "_s.repeated(6), vbOKCancel, 0, true);
 }
 
-// Through the host's class with the Qt-shaped overload: every button told
-// apart, and the box transient for the host's window.
-TEST(MessageBox, TheQtShapedBoxTellsEveryButtonApart)
+// The typed calls: every button told apart, each kind with its icon, the
+// box transient for the host's window.
+TEST(MessageBox, TheTypedCallsTellEveryButtonApart)
 {
+    static_assert(std::is_same_v<decltype(MessageBox::question(nullptr, QString(), QString())), Answer>);
     QWidget owner;
     test::showActive(&owner);
     const std::pair<Buttons, QList<Answer>> sets[] = {
@@ -171,9 +173,39 @@ TEST(MessageBox, TheQtShapedBoxTellsEveryButtonApart)
                 EXPECT_EQ(box->parentWidget(), &owner);
                 click(*box, i);
             });
-            EXPECT_EQ(clsLogon().MgBox(u"Lưu chứng từ?"_s, set, u"Kế toán"_s, vbQuestion, &owner), answers[i]) << set << " " << i;
+            EXPECT_EQ(MessageBox::warning(&owner, u"Kế toán"_s, u"Lưu chứng từ?"_s, set), answers[i]) << set << " " << i;
         }
     }
-    test::whenModalShows([](QWidget *box) { key(*box, Qt::Key_Escape); });
-    EXPECT_EQ(clsLogon().MgBox(u"Lưu chứng từ?"_s, vbYesNo, u"Kế toán"_s), Answer::None);
+    const struct {
+        std::function<Answer()> ask;
+        const char *icon;   // the picture's name, as a screen reader reads it
+    } kinds[] = {
+        {[] { return MessageBox::information(nullptr, u"Kế toán"_s, u"Đã ghi."_s); }, "Thông báo"},
+        {[] { return MessageBox::question(nullptr, u"Kế toán"_s, u"Ghi chứng từ?"_s); }, "Câu hỏi"},
+        {[] { return MessageBox::warning(nullptr, u"Kế toán"_s, u"Chưa ghi."_s); }, "Cảnh báo"},
+        {[] { return MessageBox::critical(nullptr, u"Kế toán"_s, u"Không ghi được."_s); }, "Lỗi"},
+    };
+    for (const auto &kind : kinds) {
+        test::whenModalShows([&](QWidget *box) {
+            EXPECT_EQ(label(*box, "micon")->accessibleName(), QString::fromUtf8(kind.icon));
+            key(*box, Qt::Key_Escape);
+        });
+        EXPECT_EQ(kind.ask(), Answer::None);
+    }
+}
+
+// Code ported from the original program calls MgBox with the enumerations as
+// it did with numbers: the answer is text, and an empty title held in a
+// variable comes back filled, as the classic box wrote it back.
+TEST(MessageBox, TheLegacyCallWithTheEnumerationsAnswersTextAndWritesTheTitleBack)
+{
+    clsLogon logon;
+    QString title;
+    static_assert(std::is_same_v<decltype(logon.MgBox(QString(), vbYesNo, title, vbQuestion)), QString>);
+    test::whenModalShows([](QWidget *box) { click(*box, 0); });
+    EXPECT_EQ(logon.MgBox(u"Lưu chứng từ?"_s, vbYesNo, title, vbQuestion), u"6"_s);
+    EXPECT_EQ(title, QGuiApplication::applicationDisplayName());
+    EXPECT_FALSE(title.isEmpty());
+    test::whenModalShows([](QWidget *box) { click(*box, 1); });
+    EXPECT_EQ(logon.MgBox(u"Lưu chứng từ?"_s, vbYesNoCancel, u"Kế toán"_s, vbExclamation), u"0"_s);
 }

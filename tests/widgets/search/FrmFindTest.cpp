@@ -16,6 +16,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPlainTextEdit>
+#include <QSignalSpy>
 #include <QSqlQuery>
 #include <QTest>
 
@@ -322,6 +323,46 @@ TEST_P(FrmFindTest, AnOpenSearchNeverSwallowsAnotherCall)
     for (QWidget *window : QApplication::topLevelWidgets()) {
         if (window->objectName() == u"FrmFind"_s)
             window->close();
+    }
+}
+
+// A search shown without waiting tells the host when it ends: once, with the
+// condition and its words after OK, with "" after Cancel; Result stays as
+// the call left it.
+TEST_P(FrmFindTest, ASearchWithoutWaitingTellsItsEnd)
+{
+    clsSearch search;
+    search.SetActiveConnection(db.db());
+    search.SetTableSearch(u"NhanVien"_s);
+    QSignalSpy ended(&search, &clsSearch::finished);
+    const auto openSearch = [] {
+        for (QWidget *window : QApplication::topLevelWidgets()) {
+            if (window->objectName() == u"FrmFind"_s && window->isVisible())
+                return window;
+        }
+        return static_cast<QWidget *>(nullptr);
+    };
+    const struct {
+        const char *button;
+        QList<QVariant> told;
+    } ends[] = {
+        {"CmdOK", {u"(Ten  =  'Binh')"_s, u"Tên bằng 'Binh'"_s}},
+        {"CmdCancel", {QString(), QString()}},
+    };
+    for (const auto &end : ends) {
+        search.Show();
+        EXPECT_EQ(search.Result(), "");
+        QWidget *form = openSearch();
+        ASSERT_NE(form, nullptr);
+        test::showActive(form);
+        fillRow(form, 0, 0, 1, u"Binh"_s);
+        EXPECT_EQ(ended.count(), 0);
+        test::click(form, end.button);
+        ASSERT_EQ(ended.count(), 1) << end.button;
+        EXPECT_EQ(ended.takeFirst(), end.told);
+        EXPECT_EQ(search.Result(), "");
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_EQ(openSearch(), nullptr);
     }
 }
 

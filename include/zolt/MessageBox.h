@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// The library's caption-less message dialog: a title band, an icon, the
-// message and up to three buttons whose tags name their answers. It draws its
-// own frame, is moved by dragging its title band, and lays itself out: every
-// setter places the controls again.
+/// \file
+/// The library's message box: Vietnamese captions, the library's look.
+
+#include <zolt/Enums.h>
+#include <zolt/zolt_export.h>
 
 #include <QDialog>
 
@@ -14,10 +15,33 @@ class QPushButton;
 
 namespace zolt {
 
-class MessageBox : public QDialog {
+/// The library's caption-less message dialog: a title band, an icon, the
+/// message and up to three buttons whose tags name their answers ("Đồng ý",
+/// "Có", "Không" ...). It draws its own frame, is moved by dragging its title
+/// band, and lays itself out: every setter places the controls again.
+///
+/// A host asks with the static functions, as with QMessageBox's:
+/// \code
+/// if (zolt::MessageBox::question(window, "Kế toán", "Xoá chứng từ này?") == zolt::Answer::Yes) ...
+/// \endcode
+/// Each shows the box modally, transient for parent, and answers with the
+/// button pressed (Answer::None when the box was closed otherwise). A hasty
+/// Enter presses the second button of a question, not Yes. An empty title is
+/// the application's display name. clsLogon::MgBox shows the same box with
+/// the classic arguments and answer codes.
+class ZOLT_EXPORT MessageBox : public QDialog {
     Q_OBJECT
 
 public:
+    /// A notice with the "Đồng ý" button and the information icon.
+    static Answer information(QWidget *parent, const QString &title, const QString &text);
+    /// A question with the buttons given (Có and Không by default) and the question icon.
+    static Answer question(QWidget *parent, const QString &title, const QString &text, Buttons buttons = vbYesNo);
+    /// A warning with the exclamation icon.
+    static Answer warning(QWidget *parent, const QString &title, const QString &text, Buttons buttons = vbOKOnly);
+    /// An error with the stop icon.
+    static Answer critical(QWidget *parent, const QString &title, const QString &text, Buttons buttons = vbOKOnly);
+
     // Loads the dialog in its designed state, with the configured fonts.
     explicit MessageBox(QWidget *parent = nullptr);
     ~MessageBox() override;
