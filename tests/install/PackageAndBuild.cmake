@@ -28,7 +28,12 @@ execute_process(COMMAND pkg-config --variable=datadir zolt OUTPUT_VARIABLE datad
                 COMMAND_ERROR_IS_FATAL ANY)
 separate_arguments(pkg UNIX_COMMAND "${pkg}")
 separate_arguments(flags UNIX_COMMAND "${FLAGS}")
-execute_process(COMMAND c++ -std=c++20 -fPIC ${flags} ${HOST}/HostMain.cpp -o ${WORK}/pkg-config-host
+# The form through Qt's uic, as a Makefile would run it.
+execute_process(COMMAND qtpaths6 --query QT_HOST_LIBEXECS OUTPUT_VARIABLE libexec OUTPUT_STRIP_TRAILING_WHITESPACE
+                COMMAND_ERROR_IS_FATAL ANY)
+file(MAKE_DIRECTORY ${WORK}/ui)
+execute_process(COMMAND ${libexec}/uic ${HOST}/SearchForm.ui -o ${WORK}/ui/ui_SearchForm.h COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND c++ -std=c++20 -fPIC ${flags} ${HOST}/HostMain.cpp -o ${WORK}/pkg-config-host -I${WORK}/ui
                         "-DZOLT_SCHEMA=\"${datadir}/zolt-sqlite.sql\"" ${pkg} -ldl
                 COMMAND_ERROR_IS_FATAL ANY)
 
