@@ -39,17 +39,17 @@ struct ItemLook {
     Picture picture;
 };
 const ItemLook SubMenuLooks[] = {
-    {"Thêm, sửa và xem danh mục hàng hoá", Goods},
-    {"Danh sách khách hàng và công nợ của từng khách", Person},
-    {"Danh sách nhà cung cấp hàng", People},
-    {"Lập phiếu nhập hàng vào kho", Document},
-    {"Lập phiếu xuất hàng khỏi kho", Document},
-    {"Lập hoá đơn bán hàng cho khách", Document},
-    {"Số lượng tồn của từng mặt hàng", Chart},
-    {"Doanh thu bán hàng của từng ngày", Chart},
-    {"Thêm, sửa, xoá người sử dụng chương trình", Person},
-    {"Nhóm người sử dụng và quyền của nhóm trên từng thực đơn", People},
-    {"Đổi mật khẩu đăng nhập của bạn", Key},
+    {QT_TRANSLATE_NOOP("MainWindow", "Thêm, sửa và xem danh mục hàng hoá"), Goods},
+    {QT_TRANSLATE_NOOP("MainWindow", "Danh sách khách hàng và công nợ của từng khách"), Person},
+    {QT_TRANSLATE_NOOP("MainWindow", "Danh sách nhà cung cấp hàng"), People},
+    {QT_TRANSLATE_NOOP("MainWindow", "Lập phiếu nhập hàng vào kho"), Document},
+    {QT_TRANSLATE_NOOP("MainWindow", "Lập phiếu xuất hàng khỏi kho"), Document},
+    {QT_TRANSLATE_NOOP("MainWindow", "Lập hoá đơn bán hàng cho khách"), Document},
+    {QT_TRANSLATE_NOOP("MainWindow", "Số lượng tồn của từng mặt hàng"), Chart},
+    {QT_TRANSLATE_NOOP("MainWindow", "Doanh thu bán hàng của từng ngày"), Chart},
+    {QT_TRANSLATE_NOOP("MainWindow", "Thêm, sửa, xoá người sử dụng chương trình"), Person},
+    {QT_TRANSLATE_NOOP("MainWindow", "Nhóm người sử dụng và quyền của nhóm trên từng thực đơn"), People},
+    {QT_TRANSLATE_NOOP("MainWindow", "Đổi mật khẩu đăng nhập của bạn"), Key},
 };
 
 void setLook(QAction *action, const QString &help, Picture picture)
@@ -95,7 +95,7 @@ MainWindow::MainWindow(const QSqlDatabase &db, qint32 userCode, zolt::clsLogon &
     , m_logon(logon)
 {
     setObjectName(QStringLiteral("MainWindow"));
-    setWindowTitle(QStringLiteral("Danh mục hàng hoá"));   // Qt appends the application's name
+    setWindowTitle(tr("Danh mục hàng hoá"));   // Qt appends the application's name
 
     m_user = scalar(db, QStringLiteral("SELECT [Name] FROM [User] WHERE Code = ?"), userCode).toString();
     m_goods = new GoodsModel(this);
@@ -105,14 +105,14 @@ MainWindow::MainWindow(const QSqlDatabase &db, qint32 userCode, zolt::clsLogon &
     statusBar()->addWidget(m_filter, 1);   // the menus' help takes its place while they are open
     statusBar()->addPermanentWidget(m_summary);
     showGoods(QString(), QString());
-    const QStringList headers = {QStringLiteral("Mã hàng"), QStringLiteral("Tên hàng"),
-                                 QStringLiteral("Đơn vị"), QStringLiteral("Giá bán"),
-                                 QStringLiteral("Ngày nhập")};
+    const QStringList headers = {tr("Mã hàng"), tr("Tên hàng"),
+                                 tr("Đơn vị"), tr("Giá bán"),
+                                 tr("Ngày nhập")};
     for (int column = 0; column < headers.size(); ++column)
         m_goods->setHeaderData(column, Qt::Horizontal, headers.at(column));
     auto *table = new QTableView(this);
     table->setObjectName(QStringLiteral("Goods"));
-    table->setAccessibleName(QStringLiteral("Danh mục hàng hoá"));
+    table->setAccessibleName(tr("Danh mục hàng hoá"));
     table->setModel(m_goods);
     table->verticalHeader()->hide();
     table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 8);
@@ -154,24 +154,24 @@ void MainWindow::showGoods(const QString &condition, const QString &words)
     const QString where = condition.isEmpty() ? QString() : QStringLiteral(" WHERE ") + zolt::ConditionSql(m_db, condition);
     QSqlQuery count(m_db);
     if (!count.exec(QStringLiteral("SELECT COUNT(*) FROM Hang") + where) || !count.next()) {
-        zolt::MessageBox::warning(this, QStringLiteral("Bán hàng ZOLT"),
-                                  QStringLiteral("Không lọc được danh mục: ") + count.lastError().text());
+        zolt::MessageBox::warning(this, QString(),
+                                  tr("Không lọc được danh mục: %1").arg(count.lastError().text()));
         return;
     }
     m_goods->setQuery(QStringLiteral("SELECT MaHang, TenHang, DonVi, GiaBan, NgayNhap FROM Hang") + where
                           + QStringLiteral(" ORDER BY MaHang"),
                       m_db);
-    m_summary->setText(QStringLiteral("Người sử dụng: %1   —   %2 mặt hàng")
+    m_summary->setText(tr("Người sử dụng: %1   —   %2 mặt hàng")
                            .arg(m_user, zolt::Tesmir().CvNStr(count.value(0).toString())));
-    m_filter->setWholeText(words.isEmpty() ? QString() : QStringLiteral("Lọc: ") + words);
+    m_filter->setWholeText(words.isEmpty() ? QString() : tr("Lọc: %1").arg(words));
 }
 
 // The search wizard on the goods, open to every user.
 void MainWindow::addSearchMenu()
 {
-    QMenu *search = menuBar()->addMenu(QStringLiteral("&Tìm kiếm"));
+    QMenu *search = menuBar()->addMenu(tr("&Tìm kiếm"));
     search->setObjectName(QStringLiteral("menuSearch"));
-    QAction *find = search->addAction(QStringLiteral("&Tìm hàng hoá..."), this, [this] {
+    QAction *find = search->addAction(tr("&Tìm hàng hoá..."), this, [this] {
         QString words;
         const QString condition = zolt::Tesmir().FindShow(m_db, QStringLiteral("Hang"), &words, this);
         if (!condition.isEmpty())
@@ -179,9 +179,9 @@ void MainWindow::addSearchMenu()
     });
     find->setObjectName(QStringLiteral("actionFind"));
     find->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F));
-    setLook(find, QStringLiteral("Lọc danh mục hàng theo tối đa bốn điều kiện"), Find);
-    QAction *all = search->addAction(QStringLiteral("&Bỏ lọc"), this, [this] { showGoods(QString(), QString()); });
-    setLook(all, QStringLiteral("Hiện lại toàn bộ danh mục hàng"), Filter);
+    setLook(find, tr("Lọc danh mục hàng theo tối đa bốn điều kiện"), Find);
+    QAction *all = search->addAction(tr("&Bỏ lọc"), this, [this] { showGoods(QString(), QString()); });
+    setLook(all, tr("Hiện lại toàn bộ danh mục hàng"), Filter);
 }
 
 // One menu per row of Menu; a sub-menu is enabled when its bit is set in the
@@ -207,7 +207,7 @@ void MainWindow::addRightsMenus(qint32 group)
             QAction *action = menu->addAction(items.value(1).toString());
             const int id = items.value(0).toInt();
             if (id >= 1 && id <= int(std::size(SubMenuLooks)))
-                setLook(action, QString::fromUtf8(SubMenuLooks[id - 1].help), SubMenuLooks[id - 1].picture);
+                setLook(action, tr(SubMenuLooks[id - 1].help), SubMenuLooks[id - 1].picture);
             connectSubMenu(action, id);
             action->setEnabled(zolt::GetBit(mask, bit) == 1);
         }
@@ -234,8 +234,8 @@ void MainWindow::connectSubMenu(QAction *action, int id)
         break;
     default:
         connect(action, &QAction::triggered, this, [this, name = action->text()] {
-            zolt::MessageBox::information(this, QStringLiteral("Bán hàng ZOLT"),
-                                          QStringLiteral("Chức năng \u00ab%1\u00bb có trong phiên bản sau.").arg(name));
+            zolt::MessageBox::information(this, QString(),
+                                          tr("Chức năng «%1» có trong phiên bản sau.").arg(name));
         });
     }
 }
@@ -244,22 +244,22 @@ void MainWindow::connectSubMenu(QAction *action, int id)
 void MainWindow::addSystemItems(QMenu *system)
 {
     system->addSeparator();
-    QAction *again = system->addAction(QStringLiteral("Đăng &nhập lại"), this, [this] {
+    QAction *again = system->addAction(tr("Đăng &nhập lại"), this, [this] {
         m_logonAgain = m_quitConfirmed = true;
         close();
     });
     again->setObjectName(QStringLiteral("actionLogonAgain"));
-    setLook(again, QStringLiteral("Đóng cửa sổ này và đăng nhập với tên khác"), Again);
-    QAction *quit = system->addAction(QStringLiteral("&Thoát"), this, &QWidget::close);
+    setLook(again, tr("Đóng cửa sổ này và đăng nhập với tên khác"), Again);
+    QAction *quit = system->addAction(tr("&Thoát"), this, &QWidget::close);
     quit->setObjectName(QStringLiteral("actionQuit"));
     quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
-    setLook(quit, QStringLiteral("Thoát khỏi chương trình"), Quit);
+    setLook(quit, tr("Thoát khỏi chương trình"), Quit);
 }
 
 // The menus' look, switched while the program runs.
 void MainWindow::addLookMenu()
 {
-    QMenu *look = menuBar()->addMenu(QStringLiteral("&Giao diện"));
+    QMenu *look = menuBar()->addMenu(tr("&Giao diện"));
     look->setObjectName(QStringLiteral("menuLook"));
     using Setting = bool (zolt::clsCoolMenu::*)(QWidget *, const std::optional<QVariant> &);
     const struct {
@@ -267,15 +267,19 @@ void MainWindow::addLookMenu()
         Setting setting;
         bool on;
     } switches[] = {
-        {"actionFullSelect", "Tô &cả dòng khi chọn", "Tô màu chọn trên cả dòng, hoặc chỉ sau tên mục", &zolt::clsCoolMenu::FullSelect, true},
-        {"actionComplexChecks", "Ô đánh dấu &nổi", "Vẽ dấu chọn trong ô lõm ba chiều", &zolt::clsCoolMenu::ComplexChecks, true},
-        {"actionColorEmbossed", "&Hình mờ nổi", "Hình của mục bị khoá vẽ nổi, hoặc xám", &zolt::clsCoolMenu::ColorEmbossed, true},
-        {"actionRightToLeft", "Từ &phải sang trái", "Thực đơn viết từ phải sang trái", &zolt::clsCoolMenu::RightToLeft, false},
+        {"actionFullSelect", QT_TR_NOOP("Tô &cả dòng khi chọn"), QT_TR_NOOP("Tô màu chọn trên cả dòng, hoặc chỉ sau tên mục"),
+         &zolt::clsCoolMenu::FullSelect, true},
+        {"actionComplexChecks", QT_TR_NOOP("Ô đánh dấu &nổi"), QT_TR_NOOP("Vẽ dấu chọn trong ô lõm ba chiều"),
+         &zolt::clsCoolMenu::ComplexChecks, true},
+        {"actionColorEmbossed", QT_TR_NOOP("&Hình mờ nổi"), QT_TR_NOOP("Hình của mục bị khoá vẽ nổi, hoặc xám"),
+         &zolt::clsCoolMenu::ColorEmbossed, true},
+        {"actionRightToLeft", QT_TR_NOOP("Từ &phải sang trái"), QT_TR_NOOP("Thực đơn viết từ phải sang trái"),
+         &zolt::clsCoolMenu::RightToLeft, false},
     };
     for (const auto &item : switches) {
-        QAction *action = look->addAction(QString::fromUtf8(item.caption));
+        QAction *action = look->addAction(tr(item.caption));
         action->setObjectName(QLatin1String(item.name));
-        action->setStatusTip(QString::fromUtf8(item.help));
+        action->setStatusTip(tr(item.help));
         action->setCheckable(true);
         action->setChecked(item.on);
         connect(action, &QAction::toggled, this, [this, setting = item.setting](bool on) { (m_coolMenu.*setting)(this, on); });
@@ -283,8 +287,8 @@ void MainWindow::addLookMenu()
     look->addSeparator();
     auto *sizes = new QActionGroup(look);
     for (const int size : {8, 9, 10}) {
-        QAction *action = look->addAction(QStringLiteral("Chữ cỡ &%1").arg(size));
-        action->setStatusTip(QStringLiteral("Chữ của thực đơn cỡ %1 điểm").arg(size));
+        QAction *action = look->addAction(tr("Chữ cỡ &%1").arg(size));
+        action->setStatusTip(tr("Chữ của thực đơn cỡ %1 điểm").arg(size));
         action->setCheckable(true);
         action->setChecked(size == 8);
         sizes->addAction(action);
@@ -294,8 +298,8 @@ void MainWindow::addLookMenu()
 
 bool MainWindow::askToQuit()
 {
-    return zolt::MessageBox::question(this, QStringLiteral("Bán hàng ZOLT"),
-                                      QStringLiteral("Bạn có muốn thoát khỏi chương trình không?"))
+    return zolt::MessageBox::question(this, QString(),
+                                      tr("Bạn có muốn thoát khỏi chương trình không?"))
            == zolt::Answer::Yes;
 }
 

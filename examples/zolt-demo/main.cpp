@@ -14,15 +14,38 @@
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QStandardPaths>
+#include <QTranslator>
 
+#include <algorithm>
 #include <cstdio>
 #include <memory>
+
+namespace {
+
+// The library's catalogue and the sample's own for the language ("en"), the
+// library's from where the build leaves it or where it is installed beside
+// this program. False when either is missing.
+bool loadTranslations(const QString &language)
+{
+    static QTranslator library, sample;
+    const QStringList folders = {QStringLiteral(ZOLT_TRANSLATIONS_BUILD_DIR),
+                                 QCoreApplication::applicationDirPath() + QStringLiteral("/../share/zolt/translations")};
+    const bool libraryFound = std::any_of(folders.begin(), folders.end(), [&](const QString &folder) {
+        return library.load(QStringLiteral("zolt_") + language, folder);
+    });
+    if (!libraryFound || !sample.load(QStringLiteral(":/translations/zolt-demo_") + language))
+        return false;
+    QCoreApplication::installTranslator(&library);
+    QCoreApplication::installTranslator(&sample);
+    return true;
+}
+
+} // namespace
 
 int main(int argc, char **argv)
 {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("zolt-demo"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Bán hàng ZOLT"));
 
     QCommandLineParser options;
     options.setApplicationDescription(QStringLiteral("A small sales application on the ZOLT library."));
@@ -44,8 +67,17 @@ int main(int argc, char **argv)
     options.addOption(database);
     options.addOption(tour);
     options.addOption(rows);
+    const QCommandLineOption language(QStringLiteral("language"),
+                                      QStringLiteral("Show the library's dialogs and the sample in this language (\"en\" for English)."),
+                                      QStringLiteral("language"));
     options.addOption(prepare);
+    options.addOption(language);
     options.process(app);
+    if (options.isSet(language) && !loadTranslations(options.value(language))) {
+        std::fprintf(stderr, "no translation for %s\n", qPrintable(options.value(language)));
+        return 2;
+    }
+    QApplication::setApplicationDisplayName(QCoreApplication::translate("main", "Bán hàng ZOLT"));
 
     QString path = options.value(database);
     if (path.isEmpty())
@@ -60,7 +92,7 @@ int main(int argc, char **argv)
     }
     QSqlDatabase db = openDemoDatabase(path, goods, error);
     if (!db.isOpen()) {
-        const QString message = QStringLiteral("Không mở được dữ liệu %1:\n%2").arg(path, error);
+        const QString message = QCoreApplication::translate("main", "Không mở được dữ liệu %1:\n%2").arg(path, error);
         std::fprintf(stderr, "%s\n", qPrintable(message));
         // Without a display nobody could answer a message box.
         const QString platform = QGuiApplication::platformName();

@@ -7,10 +7,12 @@
 
 #include <zolt/DataCombo1.h>
 #include <zolt/Error.h>
+#include <zolt/MessageBox.h>
 #include <zolt/Tesmir.h>
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QTranslator>
 
 #include <cstdio>
 
@@ -27,6 +29,10 @@ int main(int argc, char **argv)
             std::fprintf(stderr, "host: %s\n", what), ++failures;
     };
     check(QFileInfo(QStringLiteral(ZOLT_SCHEMA)).isFile(), "the table script is where the package says");
+    QTranslator english;
+    check(english.load(QStringLiteral("zolt_en"), QStringLiteral(ZOLT_TRANSLATIONS)) && QCoreApplication::installTranslator(&english),
+          "the English catalogue is where the package says");
+    check(zolt::MessageBox::tr("&Không") == QStringLiteral("&No"), "the catalogue translates the library's texts");
     check(zolt::Tesmir().CvNStr(QStringLiteral("1234567,5")) == QStringLiteral("1.234.567,5"), "CvNStr");
     check(zolt::Error(13).description() == QStringLiteral("Type mismatch"), "Error");
     check(dlsym(RTLD_DEFAULT, "_ZNK4zolt6Tesmir6CvNStrERK8QVariant"), "public classes are exported");

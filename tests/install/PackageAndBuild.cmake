@@ -26,6 +26,8 @@ execute_process(COMMAND pkg-config --cflags --libs zolt OUTPUT_VARIABLE pkg OUTP
                 COMMAND_ERROR_IS_FATAL ANY)
 execute_process(COMMAND pkg-config --variable=datadir zolt OUTPUT_VARIABLE datadir OUTPUT_STRIP_TRAILING_WHITESPACE
                 COMMAND_ERROR_IS_FATAL ANY)
+execute_process(COMMAND pkg-config --variable=translationsdir zolt OUTPUT_VARIABLE translations
+                OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
 separate_arguments(pkg UNIX_COMMAND "${pkg}")
 separate_arguments(flags UNIX_COMMAND "${FLAGS}")
 # The form through Qt's uic, as a Makefile would run it.
@@ -34,7 +36,7 @@ execute_process(COMMAND qtpaths6 --query QT_HOST_LIBEXECS OUTPUT_VARIABLE libexe
 file(MAKE_DIRECTORY ${WORK}/ui)
 execute_process(COMMAND ${libexec}/uic ${HOST}/SearchForm.ui -o ${WORK}/ui/ui_SearchForm.h COMMAND_ERROR_IS_FATAL ANY)
 execute_process(COMMAND c++ -std=c++20 -fPIC ${flags} ${HOST}/HostMain.cpp -o ${WORK}/pkg-config-host -I${WORK}/ui
-                        "-DZOLT_SCHEMA=\"${datadir}/zolt-sqlite.sql\"" ${pkg} -ldl
+                        "-DZOLT_SCHEMA=\"${datadir}/zolt-sqlite.sql\"" "-DZOLT_TRANSLATIONS=\"${translations}\"" ${pkg} -ldl
                 COMMAND_ERROR_IS_FATAL ANY)
 
 set(ENV{LD_LIBRARY_PATH} ${libdir})

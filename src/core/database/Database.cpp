@@ -9,6 +9,7 @@
 #include <zolt/Connection.h>
 #include <zolt/Error.h>
 
+#include <QCoreApplication>
 #include <QRegularExpression>
 #include <QSet>
 #include <QTime>
@@ -122,10 +123,17 @@ QString adapt(const QString &sql, const Dialect &dialect)
     return out;
 }
 
-const QString UnreachableText = QStringLiteral(
-    "Không kết nối được với máy chủ cơ sở dữ liệu. Hãy kiểm tra mạng hoặc máy chủ rồi thử lại.");
-const QString InterruptedText = QStringLiteral(
-    "Kết nối với máy chủ cơ sở dữ liệu vừa bị gián đoạn nên dữ liệu có thể chưa được ghi. Hãy kiểm tra rồi ghi lại.");
+QString unreachableText()
+{
+    return QCoreApplication::translate(
+        "zolt::Database", "Không kết nối được với máy chủ cơ sở dữ liệu. Hãy kiểm tra mạng hoặc máy chủ rồi thử lại.");
+}
+
+QString interruptedText()
+{
+    return QCoreApplication::translate("zolt::Database", "Kết nối với máy chủ cơ sở dữ liệu vừa bị gián đoạn nên dữ liệu "
+                                                         "có thể chưa được ghi. Hãy kiểm tra rồi ghi lại.");
+}
 
 bool reopenAllowed = true;
 void (*reopenedNotice)(const QSqlDatabase &) = nullptr;
@@ -205,7 +213,7 @@ LibraryStatement RunLibraryStatement(QSqlDatabase db, const QString &sql, Repeat
         if (!lostConnections().contains(db.connectionName()))
             return {QSqlQuery(db), Error::DatabaseFailure, ClosedConnectionText()};
         if (!reopen(db))
-            return {QSqlQuery(db), Error::ServerUnreachable, UnreachableText};
+            return {QSqlQuery(db), Error::ServerUnreachable, unreachableText()};
     }
     QSqlQuery query(db);
     query.setForwardOnly(forwardOnly);
@@ -214,9 +222,9 @@ LibraryStatement RunLibraryStatement(QSqlDatabase db, const QString &sql, Repeat
     if (!serverGone(db))
         return {QSqlQuery(db), Error::DatabaseFailure, query.lastError().text()};
     if (!reopen(db))
-        return {QSqlQuery(db), Error::ServerUnreachable, UnreachableText};
+        return {QSqlQuery(db), Error::ServerUnreachable, unreachableText()};
     if (repeat == Repeat::Never)
-        return {QSqlQuery(db), Error::ServerUnreachable, InterruptedText};
+        return {QSqlQuery(db), Error::ServerUnreachable, interruptedText()};
     QSqlQuery again(db);
     again.setForwardOnly(forwardOnly);
     if (RunStatement(again, sql))

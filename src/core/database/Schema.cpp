@@ -7,6 +7,7 @@
 
 #include <zolt/Error.h>
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QRegularExpression>
 #include <QStringList>
@@ -77,7 +78,7 @@ struct UniqueKey {
 
 QList<UniqueKey> uniqueKeys(const QSqlDatabase &db)
 {
-    static const QRegularExpression key(QStringLiteral(R"(ON (\S+) \((.+)\);$)"));
+    static const QRegularExpression key(QStringLiteral("ON (\\S+) \\((.+)\\);$"));
     QList<UniqueKey> keys;
     QString what;
     for (const QString &line : scriptText(folderFor(db) + QStringLiteral("keys.sql")).split(u'\n')) {
@@ -103,13 +104,15 @@ QStringList makeUniqueKeys(const QSqlDatabase &db)
             runNative(db, key.statement);
             continue;
         }
-        do {
+        for (bool row = true; row; row = rows.next()) {
             const int count = rows.record().count();
             QStringList values;
             for (int column = 0; column + 1 < count; ++column)
                 values << NullToStr(rows.value(column));
-            report << QStringLiteral("%1: %2 (%3 dòng)").arg(key.what, values.join(QStringLiteral(" / ")), rows.value(count - 1).toString());
-        } while (rows.next());
+            const int times = rows.value(count - 1).toInt();
+            report << QCoreApplication::translate("zolt::Schema", "%1: %2 (%n dòng)", nullptr, times)
+                          .arg(key.what, values.join(QStringLiteral(" / ")));
+        }
     }
     return report;
 }
@@ -137,8 +140,9 @@ QStringList CreateTables(const QSqlDatabase &db)
     // A locked server's tables are its owner's to make (zolt-server lock does).
     if (ServerLocked()) {
         if (from < SchemaVersion)
-            throw Error(Error::DatabaseFailure, QStringLiteral("Các bảng của máy chủ đã khoá cần nâng cấp: người quản lý máy "
-                                                               "chủ chạy lại zolt-server lock."));
+            throw Error(Error::DatabaseFailure,
+                        QCoreApplication::translate("zolt::Schema", "Các bảng của máy chủ đã khoá cần nâng cấp: người quản lý "
+                                                                    "máy chủ chạy lại zolt-server lock."));
         return {};
     }
     QStringList report;

@@ -8,6 +8,7 @@
 
 #include <zolt/Error.h>
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QSysInfo>
 
@@ -98,9 +99,14 @@ void ClearRefusals(const QString &name)
 
 QString WaitMessage(qint64 seconds)
 {
-    const QString minutes = QStringLiteral("%1 phút").arg(seconds / 60), rest = QStringLiteral("%1 giây").arg(seconds % 60);
+    const auto words = [](const char *text, qint64 n = -1) {
+        return QCoreApplication::translate("zolt::LogonGuard", text, nullptr, int(n));
+    };
+    const QString minutes = words(QT_TRANSLATE_N_NOOP("zolt::LogonGuard", "%n phút"), seconds / 60);
+    const QString rest = words(QT_TRANSLATE_N_NOOP("zolt::LogonGuard", "%n giây"), seconds % 60);
     const QString span = seconds < 60 ? rest : seconds % 60 == 0 ? minutes : minutes + u' ' + rest;
-    return QStringLiteral("Đã nhập sai quá số lần cho phép. Hãy chờ %1 nữa rồi đăng nhập lại.").arg(span);
+    return words(QT_TRANSLATE_NOOP("zolt::LogonGuard", "Đã nhập sai quá số lần cho phép. Hãy chờ %1 nữa rồi đăng nhập lại."))
+        .arg(span);
 }
 
 void RecordLogon(const QString &name, const QString &result, const LogonLimits &limits)

@@ -36,12 +36,12 @@ FmSelHang::FmSelHang(QWidget *parent)
     : QDialog(parent)
 {
     setObjectName(QStringLiteral("FmSelHang"));
-    setWindowTitle(QStringLiteral("Danh mục hàng hoá"));
+    setWindowTitle(tr("Danh mục hàng hoá"));
     setFont(QFont(QStringLiteral("VK Sans Serif")));
 
-    Label1 = Named(new QLabel(QStringLiteral("Tên danh mục"), this), "Label1");
+    Label1 = Named(new QLabel(tr("Tên danh mục"), this), "Label1");
     TxtSelH = Named(new QLineEdit(this), "TxtSelH");
-    FrDetail = Named(new QGroupBox(QStringLiteral("Danh sách"), this), "FrDetail");
+    FrDetail = Named(new QGroupBox(tr("Danh sách"), this), "FrDetail");
     lv1IP = Named(new QListView(FrDetail), "lv1IP");
     Label1->setBuddy(TxtSelH);   // how a screen reader names them
     lv1IP->setAccessibleName(FrDetail->title());
@@ -50,8 +50,8 @@ FmSelHang::FmSelHang(QWidget *parent)
     lv1IP->setFixedSize(420, 320);
     m_rows = new PickRows(this);
     lv1IP->setModel(m_rows);
-    CmdSel = Named(new QPushButton(QStringLiteral("&Chọn"), this), "CmdSel");
-    CmdQuit = Named(new QPushButton(QStringLiteral("&Thoát"), this), "CmdQuit");
+    CmdSel = Named(new QPushButton(tr("&Chọn"), this), "CmdSel");
+    CmdQuit = Named(new QPushButton(tr("&Thoát"), this), "CmdQuit");
 
     auto *search = new QHBoxLayout;
     search->addWidget(Label1);

@@ -48,8 +48,8 @@ qint32 WriteOption(const QString &section, const QString &key, const QString &va
         return 0;
     } catch (const Error &e) {
         QMessageBox box(QMessageBox::NoIcon, QGuiApplication::applicationDisplayName(),
-                        QStringLiteral("Không thể lưu được khoá") + section + QLatin1Char('-') + key
-                            + QStringLiteral(". Lỗi là ") + e.description(),
+                        QCoreApplication::translate("zolt::WriteOption", "Không thể lưu được khoá%1-%2. Lỗi là %3")
+                            .arg(section, key, e.description()),
                         QMessageBox::Ok, QApplication::activeWindow());
         box.exec();
         return e.number();

@@ -35,10 +35,10 @@ namespace zolt {
 
 namespace {
 
-const QString Add = QStringLiteral("T&hêm");
-const QString CancelAdd = QStringLiteral("&Huỷ thêm");
-const QString SaveError = QStringLiteral("Save Error");
-const QString DeleteTitle = QStringLiteral("Delete");
+QString add() { return FmGrp::tr("T&hêm"); }
+QString cancelAdd() { return FmGrp::tr("&Huỷ thêm"); }
+QString saveError() { return FmGrp::tr("Save Error"); }
+QString deleteTitle() { return FmGrp::tr("Delete"); }
 
 } // namespace
 
@@ -46,7 +46,7 @@ FmGrp::FmGrp(QWidget *parent)
     : QDialog(parent)
 {
     setObjectName(QStringLiteral("FmGrp"));
-    setWindowTitle(QStringLiteral("Groups User"));
+    setWindowTitle(tr("Groups User"));
     setFont(QFont(QStringLiteral("VK Sans Serif")));
 
     m_groups = new GroupRows(this);
@@ -56,25 +56,25 @@ FmGrp::FmGrp(QWidget *parent)
     Lv1->setSelectionMode(QAbstractItemView::ExtendedSelection);
     Lv1->setFixedWidth(330);
     Lv1->setUniformItemSizes(true);   // one line each: thousands of groups are not each laid out
-    Frame1 = Named(new QGroupBox(QStringLiteral("Thông tin"), this), "Frame1");
-    Label1 = Named(new QLabel(QStringLiteral("Tên nhóm"), Frame1), "Label1");
+    Frame1 = Named(new QGroupBox(tr("Thông tin"), this), "Frame1");
+    Label1 = Named(new QLabel(tr("Tên nhóm"), Frame1), "Label1");
     TxtName = Named(new QLineEdit(Frame1), "TxtName");
-    Label2 = Named(new QLabel(QStringLiteral("Diễn giải"), Frame1), "Label2");
+    Label2 = Named(new QLabel(tr("Diễn giải"), Frame1), "Label2");
     TxtDesc = Named(new QLineEdit(Frame1), "TxtDesc");
     Label1->setBuddy(TxtName);   // a screen reader names each box by its label
     Label2->setBuddy(TxtDesc);
-    Lv1->setAccessibleName(QStringLiteral("Nhóm người sử dụng"));
-    FrDetail = Named(new QGroupBox(QStringLiteral("Danh sách"), this), "FrDetail");
+    Lv1->setAccessibleName(tr("Nhóm người sử dụng"));
+    FrDetail = Named(new QGroupBox(tr("Danh sách"), this), "FrDetail");
     lvUser = Named(new QTreeWidget(FrDetail), "lvUser");
-    lvUser->setHeaderLabels({QStringLiteral("Tên"), QStringLiteral("Diễn giải")});
+    lvUser->setHeaderLabels({tr("Tên"), tr("Diễn giải")});
     lvUser->setRootIsDecorated(false);
-    lvUser->setAccessibleName(QStringLiteral("Người sử dụng của nhóm"));
+    lvUser->setAccessibleName(tr("Người sử dụng của nhóm"));
     lvUser->setColumnWidth(0, 140);
-    CmdPms = Named(new QPushButton(QStringLiteral("&Phân quyền"), FrDetail), "CmdPms");
-    CmdAdd = Named(new QPushButton(Add, this), "CmdAdd");
-    CmdWrite = Named(new QPushButton(QStringLiteral("&Ghi"), this), "CmdWrite");
-    CmdDelete = Named(new QPushButton(QStringLiteral("&Xoá"), this), "CmdDelete");
-    CmdExit = Named(new QPushButton(QStringLiteral("&Thoát"), this), "CmdExit");
+    CmdPms = Named(new QPushButton(tr("&Phân quyền"), FrDetail), "CmdPms");
+    CmdAdd = Named(new QPushButton(add(), this), "CmdAdd");
+    CmdWrite = Named(new QPushButton(tr("&Ghi"), this), "CmdWrite");
+    CmdDelete = Named(new QPushButton(tr("&Xoá"), this), "CmdDelete");
+    CmdExit = Named(new QPushButton(tr("&Thoát"), this), "CmdExit");
 
     auto *info = new QGridLayout(Frame1);
     info->addWidget(Label1, 0, 0);
@@ -263,12 +263,12 @@ void FmGrp::CmdAdd_Click()
 {
     if (m_viewing) {
         AddRecord();
-        CmdAdd->setText(CancelAdd);
+        CmdAdd->setText(cancelAdd());
         m_viewing = false;
         TxtName->setFocus();
     } else {
         m_viewing = true;
-        CmdAdd->setText(Add);
+        CmdAdd->setText(add());
         Lv1_Click();
     }
     FrDetail->setEnabled(m_viewing);
@@ -281,11 +281,11 @@ QString FmGrp::rowText() const
 
 void FmGrp::CmdWrite_Click()
 {
-    if (RefuseQuote(TxtName, SaveError))
+    if (RefuseQuote(TxtName, saveError()))
         return;
     if (!m_viewing) {
         if (WriteData(0) != 0) {
-            ShowMgBox(QStringLiteral("Không thể thêm dữ liệu vào bảng") + m_writeFailure, 0, SaveError);
+            ShowMgBox(tr("Không thể thêm dữ liệu vào bảng") + m_writeFailure, 0, saveError());
         } else {
             // A locked server tells the new group's code; else it is the largest.
             m_groups->append(m_added > 0 ? m_added : GetMaxValue(m_table, QStringLiteral("Code"), CurrentConnection()),
@@ -293,14 +293,14 @@ void FmGrp::CmdWrite_Click()
             AddRecord();
         }
     } else if (const qint32 n = WriteData(m_current); n == Error::NoCurrentRecord) {
-        ShowMgBox(QStringLiteral("Nhóm này vừa được sửa hoặc xoá ở máy khác. Danh sách nhóm đã được đọc lại."), 0,
-                  SaveError);
+        ShowMgBox(tr("Nhóm này vừa được sửa hoặc xoá ở máy khác. Danh sách nhóm đã được đọc lại."), 0,
+                  saveError());
         ReadInfo(m_table);
         if (m_groups->find(m_current) < 0)
             m_current = 0;
         ViewInit();
     } else if (n != 0) {
-        ShowMgBox(QStringLiteral("Không thể ghi dữ liệu vào bảng") + m_writeFailure, 0, SaveError);
+        ShowMgBox(tr("Không thể ghi dữ liệu vào bảng") + m_writeFailure, 0, saveError());
     } else {
         m_groups->setText(currentRow(), rowText());
     }
@@ -309,7 +309,7 @@ void FmGrp::CmdWrite_Click()
 
 void FmGrp::CmdDelete_Click()
 {
-    if (LngVal(ShowMgBox(QStringLiteral("Bạn có chắc chắn xoá các nhóm đã chọn không?"), 4, DeleteTitle)) != 6)
+    if (LngVal(ShowMgBox(tr("Bạn có chắc chắn xoá các nhóm đã chọn không?"), 4, deleteTitle())) != 6)
         return;
     QStringList codes;
     QList<int> rows;
@@ -332,9 +332,9 @@ void FmGrp::CmdDelete_Click()
         return;
     try {
         DeleteData(codes.join(u','));
-        ShowMgBox(QString::number(count) + QStringLiteral(" danh mục đã bị xoá"), 0, DeleteTitle);
+        ShowMgBox(tr("%n danh mục đã bị xoá", nullptr, count), 0, deleteTitle());
     } catch (const Error &e) {
-        ShowMgBox(e.description(), 0, DeleteTitle);   // nothing was deleted: the list shows the groups again
+        ShowMgBox(e.description(), 0, deleteTitle());   // nothing was deleted: the list shows the groups again
         ReadInfo(m_table);
         ViewInit();
     }

@@ -36,19 +36,19 @@ FrPms::FrPms(qint32 groupCode, QWidget *parent)
     , m_group(groupCode)
 {
     setObjectName(QStringLiteral("FrPms"));
-    setWindowTitle(QStringLiteral("Users Right"));
+    setWindowTitle(tr("Users Right"));
     setFont(QFont(QStringLiteral("VK Sans Serif")));
 
     LblTitle = Named(new QLabel(this), "LblTitle");
     LstMenuBar = Named(new QListWidget(this), "LstMenuBar");
     LstSubMenu = Named(new QListWidget(this), "LstSubMenu");
     LstSubMenu->setSelectionMode(QAbstractItemView::MultiSelection);
-    LstMenuBar->setAccessibleName(QStringLiteral("Thực đơn"));
-    LstSubMenu->setAccessibleName(QStringLiteral("Mục được dùng của thực đơn"));
+    LstMenuBar->setAccessibleName(tr("Thực đơn"));
+    LstSubMenu->setAccessibleName(tr("Mục được dùng của thực đơn"));
     for (QListWidget *list : {LstMenuBar, LstSubMenu})
         list->setFixedSize(230, 260);
-    CmdOk = Named(new QPushButton(QStringLiteral("&Ghi"), this), "CmdOk");
-    Command1 = Named(new QPushButton(QStringLiteral("&Bỏ qua"), this), "Command1");
+    CmdOk = Named(new QPushButton(tr("&Ghi"), this), "CmdOk");
+    Command1 = Named(new QPushButton(tr("&Bỏ qua"), this), "Command1");
 
     auto *buttons = ButtonRow({CmdOk, Command1});
     auto *layout = new QGridLayout(this);
@@ -103,7 +103,7 @@ void FrPms::ReadPms()
         Recordset rs;
         if (OpenQuery(rs, QStringLiteral("Select * From Groups Where Code=") + QString::number(m_group)) != 0)
             return;
-        LblTitle->setText(QStringLiteral("Tên nhóm là:") + NullToStr(rs.Value(QStringLiteral("Name")))
+        LblTitle->setText(tr("Tên nhóm là:") + NullToStr(rs.Value(QStringLiteral("Name")))
                           + QStringLiteral(" - ") + WithoutAddedBlank(NullToStr(rs.Value(QStringLiteral("Des")))));
         for (int k = 0; FirstRightsColumn + k < rs.FieldCount(); ++k) {
             m_rights << LngVal(rs.Value(FirstRightsColumn + k));
@@ -190,11 +190,11 @@ void FrPms::changedElsewhere()
 {
     ReadPms();
     if (m_read.isEmpty() && m_columns.isEmpty()) {
-        ShowMgBox(QStringLiteral("Nhóm này vừa bị xoá ở máy khác."), 0, windowTitle(), 0, false, this);
+        ShowMgBox(tr("Nhóm này vừa bị xoá ở máy khác."), 0, windowTitle(), 0, false, this);
         return reject();
     }
-    ShowMgBox(QStringLiteral("Quyền của nhóm này vừa được thay đổi ở máy khác. Quyền hiện tại đã được hiện lại; "
-                             "hãy chọn lại rồi ghi."),
+    ShowMgBox(tr("Quyền của nhóm này vừa được thay đổi ở máy khác. Quyền hiện tại đã được hiện lại; "
+                 "hãy chọn lại rồi ghi."),
               0, windowTitle(), 0, false, this);
     APms(m_rights.value(LstMenuBar->currentRow()));
 }

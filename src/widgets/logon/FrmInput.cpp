@@ -28,11 +28,11 @@ namespace zolt {
 
 namespace {
 
-const QString Exists = QStringLiteral("Người sử dụng đã tồn tại");
-const QString BadPassword = QStringLiteral("Mật khẩu không hợp lệ");
+QString exists() { return FrmInput::tr("Người sử dụng đã tồn tại"); }
+QString badPassword() { return FrmInput::tr("Mật khẩu không hợp lệ"); }
 // The add routine's title has always been spelled so; the update routine's not.
-const QString AddTitle = QStringLiteral("User Infomation");
-const QString UpdateTitle = QStringLiteral("User Information");
+QString addTitle() { return FrmInput::tr("User Infomation"); }
+QString updateTitle() { return FrmInput::tr("User Information"); }
 
 bool hasUser(const QString &sql)
 {
@@ -48,20 +48,20 @@ FrmInput::FrmInput(QWidget *parent)
     : QDialog(parent)
 {
     setObjectName(QStringLiteral("FrmInput"));
-    setWindowTitle(AddTitle);
+    setWindowTitle(addTitle());
     setFont(QFont(QStringLiteral("VK Sans Serif")));
 
-    Label1 = Named(new QLabel(QStringLiteral("Tên NSD"), this), "Label1");
+    Label1 = Named(new QLabel(tr("Tên NSD"), this), "Label1");
     Txtuser = Named(new QLineEdit(this), "Txtuser");
-    Label2 = Named(new QLabel(QStringLiteral("Mật khẩu"), this), "Label2");
+    Label2 = Named(new QLabel(tr("Mật khẩu"), this), "Label2");
     TxtPass = Named(new QLineEdit(this), "TxtPass");
     SetPasswordChar(TxtPass);
-    Label4 = Named(new QLabel(QStringLiteral("Xác nhận"), this), "Label4");
+    Label4 = Named(new QLabel(tr("Xác nhận"), this), "Label4");
     txtConfirm = Named(new QLineEdit(this), "txtConfirm");
     SetPasswordChar(txtConfirm);
-    Label3 = Named(new QLabel(QStringLiteral("Giải thích"), this), "Label3");
+    Label3 = Named(new QLabel(tr("Giải thích"), this), "Label3");
     TxtDes = Named(new QLineEdit(this), "TxtDes");
-    Label5 = Named(new QLabel(QStringLiteral("Bộ phận"), this), "Label5");
+    Label5 = Named(new QLabel(tr("Bộ phận"), this), "Label5");
     TxtIdGroup = Named(new QComboBox(this), "TxtIdGroup");
     TxtIdGroup->setSizeAdjustPolicy(QComboBox::AdjustToContents);   // "name-description" shown whole
     KeepAccessibleName(TxtIdGroup);
@@ -69,9 +69,9 @@ FrmInput::FrmInput(QWidget *parent)
     for (const auto &[label, box] : {std::pair<QLabel *, QWidget *>{Label1, Txtuser}, {Label2, TxtPass},
                                      {Label4, txtConfirm}, {Label3, TxtDes}, {Label5, TxtIdGroup}})
         label->setBuddy(box);
-    CMDOK = Named(new QPushButton(QStringLiteral("Đồ&ng ý"), this), "CMDOK");
-    CMDCAN = Named(new QPushButton(QStringLiteral("&Bỏ qua"), this), "CMDCAN");
-    Command1 = Named(new QPushButton(QStringLiteral("&Hướng dẫn"), this), "Command1");
+    CMDOK = Named(new QPushButton(tr("Đồ&ng ý"), this), "CMDOK");
+    CMDCAN = Named(new QPushButton(tr("&Bỏ qua"), this), "CMDCAN");
+    Command1 = Named(new QPushButton(tr("&Hướng dẫn"), this), "Command1");
 
     auto *fields = new QGridLayout;
     fields->setHorizontalSpacing(12);
@@ -181,7 +181,7 @@ QString FrmInput::passwordColumns() const
 
 void FrmInput::CMDOK_Click()
 {
-    const QString title = EditMode ? UpdateTitle : AddTitle;
+    const QString title = EditMode ? updateTitle() : addTitle();
     if (RefuseQuote(Txtuser, title) || RefuseQuote(TxtDes, title))
         return;
     m_policy = ReadPasswordPolicy();
@@ -200,9 +200,9 @@ void FrmInput::CMDOK_Click()
 void FrmInput::addUser(const QString &name)
 {
     if (hasUser(QStringLiteral("SELECT * FROM [User] WHERE [Name]='") + name + QLatin1Char('\'')))
-        return refuse(Exists, AddTitle);
+        return refuse(exists(), addTitle());
     if (!passwordAccepted())
-        return refuse(BadPassword, AddTitle);
+        return refuse(badPassword(), addTitle());
     // With the strong store the row gets its hash in the same statement.
     const QString columns = m_policy.strong ? QStringLiteral(",PasswordHash") : QString();
     const QString password = m_policy.strong ? DoubleToText(NoDigest) + QStringLiteral(",'")
@@ -213,7 +213,7 @@ void FrmInput::addUser(const QString &name)
                              + QStringLiteral(") Values('") + name + QStringLiteral("','") + TxtDes->text()
                              + QStringLiteral("',") + QString::number(SelectedItemData(TxtIdGroup)) + u',' + password
                              + u')'))
-        return refuse(Exists, AddTitle);
+        return refuse(exists(), addTitle());
     accept();
 }
 
@@ -226,9 +226,9 @@ void FrmInput::updateUser(const QString &name)
     const QString otherUser = QStringLiteral("Select  * From [User] Where [Name]='") + name
                               + QStringLiteral("' And [Name] <> '") + old + QLatin1Char('\'');
     if (hasUser(otherUser))
-        return refuse(Exists, UpdateTitle);
+        return refuse(exists(), updateTitle());
     if (!passwordAccepted())   // an untouched password passes: both boxes hold the digest
-        return refuse(BadPassword, UpdateTitle);
+        return refuse(badPassword(), updateTitle());
     QString sql = QStringLiteral("UPDATE [User] Set [Name]='") + name + QStringLiteral("',[Dec]='") + TxtDes->text()
                   + QStringLiteral("',IdGroup=") + QString::number(SelectedItemData(TxtIdGroup));
     if (m_passwordChanged)
@@ -241,7 +241,7 @@ void FrmInput::updateUser(const QString &name)
             return changedElsewhere();
     } catch (const Error &e) {
         if (e.number() == Error::DatabaseFailure && hasUser(otherUser))
-            return refuse(Exists, UpdateTitle);   // another desk took the name since the query above
+            return refuse(exists(), updateTitle());   // another desk took the name since the query above
         throw;
     }
     accept();
@@ -251,20 +251,20 @@ void FrmInput::updateUser(const QString &name)
 // administrator adds and changes users, a clerk only his own password.
 void FrmInput::lockedWrite(const QString &name)
 {
-    const QString title = EditMode ? UpdateTitle : AddTitle;
+    const QString title = EditMode ? updateTitle() : addTitle();
     if (!passwordAccepted())
-        return refuse(BadPassword, title);
+        return refuse(badPassword(), title);
     const auto password = [this] { return LockedPassword(TxtPass->text(), m_policy); };   // a hash takes a while
     if (!FieldsEnabled) {   // his own record
         if (LockedSessionUser() != m_code)
-            return refuse(QStringLiteral("Chỉ đổi được mật khẩu của chính mình."), title);
+            return refuse(tr("Chỉ đổi được mật khẩu của chính mình."), title);
         if (m_passwordChanged)
             LockedSetOwnPassword(password());
         return accept();
     }
     if (!EditMode) {
         if (LockedAddUser(name, TxtDes->text(), SelectedItemData(TxtIdGroup), password()) == 0)
-            return refuse(Exists, AddTitle);   // another desk has the name
+            return refuse(exists(), addTitle());   // another desk has the name
         return accept();
     }
     if (m_read.IsEmpty())
@@ -278,7 +278,7 @@ void FrmInput::lockedWrite(const QString &name)
     } catch (const Error &e) {
         if (e.number() == Error::DatabaseFailure
             && hasUser(ReadableUsers(QStringLiteral("Select  * From [User] Where [Name]=") + SqlValue(name, QStringLiteral("S")))))
-            return refuse(Exists, UpdateTitle);   // the name is another user's
+            return refuse(exists(), updateTitle());   // the name is another user's
         throw;
     }
     accept();
@@ -290,17 +290,17 @@ void FrmInput::lockedWrite(const QString &name)
 void FrmInput::changedElsewhere()
 {
     if (!hasUser(QStringLiteral("SELECT * FROM [User] WHERE [Name]='") + UserName + QLatin1Char('\''))) {
-        ShowMgBox(QStringLiteral("Người sử dụng này vừa bị xoá ở máy khác."), 0, UpdateTitle, 0, false, this);
+        ShowMgBox(tr("Người sử dụng này vừa bị xoá ở máy khác."), 0, updateTitle(), 0, false, this);
         return reject();
     }
     const bool read = !m_read.IsEmpty();
     PreLoad();
     CMDOK->setEnabled(true);   // the boxes hold the row again: OK writes them once the clerk has redone the change
-    ShowMgBox(read ? QStringLiteral("Người sử dụng này vừa được sửa ở máy khác. Thông tin hiện tại đã được hiện lại; "
-                                    "hãy sửa lại rồi ghi.")
-                   : QStringLiteral("Thông tin của người sử dụng này chưa đọc được nên chưa ghi. Thông tin đã được đọc "
-                                    "lại; hãy sửa lại rồi ghi."),
-              0, UpdateTitle, 0, false, this);
+    ShowMgBox(read ? tr("Người sử dụng này vừa được sửa ở máy khác. Thông tin hiện tại đã được hiện lại; "
+                        "hãy sửa lại rồi ghi.")
+                   : tr("Thông tin của người sử dụng này chưa đọc được nên chưa ghi. Thông tin đã được đọc "
+                        "lại; hãy sửa lại rồi ghi."),
+              0, updateTitle(), 0, false, this);
 }
 
 // Tells the user and selects the name for another try.

@@ -26,8 +26,8 @@ namespace zolt {
 
 namespace {
 
-const QString NotFound = QStringLiteral("Mật khẩu hoặc người sử dụng không hợp lệ ");
-const QString Failed = QStringLiteral("Mật khẩu hoặc người sử dụng không hợp lệ");
+QString notFound() { return FrmLogon::tr("Mật khẩu hoặc người sử dụng không hợp lệ "); }
+QString failed() { return FrmLogon::tr("Mật khẩu hoặc người sử dụng không hợp lệ"); }
 
 } // namespace
 
@@ -35,24 +35,24 @@ FrmLogon::FrmLogon(QWidget *parent)
     : QDialog(parent)
 {
     setObjectName(QStringLiteral("FrmLogon"));
-    setWindowTitle(QStringLiteral("Login"));
+    setWindowTitle(tr("Login"));
     setFont(QFont(QStringLiteral("VK Sans Serif")));
 
-    Label1 = Named(new QLabel(QStringLiteral("Người sử dụng"), this), "Label1");
+    Label1 = Named(new QLabel(tr("Người sử dụng"), this), "Label1");
     Txtuser = Named(new QLineEdit(this), "Txtuser");
-    Label2 = Named(new QLabel(QStringLiteral("Mật khẩu"), this), "Label2");
+    Label2 = Named(new QLabel(tr("Mật khẩu"), this), "Label2");
     TxtPass = Named(new QLineEdit(this), "TxtPass");
     SetPasswordChar(TxtPass);
-    CmdOk = Named(new QPushButton(QStringLiteral("Đồng ý"), this), "CmdOk");
-    CmdOk->setToolTip(QStringLiteral("Click here to Logon!"));
-    CmdCan = Named(new QPushButton(QStringLiteral("Thoát"), this), "CmdCan");
-    CmdHelp = Named(new QPushButton(QStringLiteral("Hướng dẫn"), this), "CmdHelp");
+    CmdOk = Named(new QPushButton(tr("Đồng ý"), this), "CmdOk");
+    CmdOk->setToolTip(tr("Click here to Logon!"));
+    CmdCan = Named(new QPushButton(tr("Thoát"), this), "CmdCan");
+    CmdHelp = Named(new QPushButton(tr("Hướng dẫn"), this), "CmdHelp");
     Label1->setBuddy(Txtuser);   // a screen reader names each box by its label
     Label2->setBuddy(TxtPass);
     Image1 = Named(new QLabel(this), "Image1");
     Image1->setPixmap(QPixmap(QStringLiteral(":/zolt/logon.png")));
     Image1->setAlignment(Qt::AlignTop | Qt::AlignHCenter);
-    Image1->setAccessibleName(QStringLiteral("Hình đăng nhập"));
+    Image1->setAccessibleName(tr("Hình đăng nhập"));
 
     auto *fields = new QGridLayout;
     fields->addWidget(Label1, 0, 0);
@@ -107,7 +107,7 @@ void FrmLogon::CmdOk_Click()
         if (UserCode == 0) {
             CountRefusal(user, limits);
             RecordLogon(user, QStringLiteral("refused"), limits);
-            return refuse(NotFound, 0);
+            return refuse(notFound(), 0);
         }
         if (limits.attempts > 0)
             ClearRefusals(user);
@@ -120,7 +120,7 @@ void FrmLogon::CmdOk_Click()
         } catch (const Error &e) {
             LogIgnored("A failed logon not recorded", e);   // the database that failed the logon may fail its record too
         }
-        refuse(Failed, 1);
+        refuse(failed(), 1);
     }
 }
 
@@ -132,7 +132,7 @@ void FrmLogon::lockedLogon(const QString &user)
     if (logon.wait > 0)
         return refuse(WaitMessage(logon.wait), 0);
     if (logon.code == 0)
-        return refuse(NotFound, 0);
+        return refuse(notFound(), 0);
     UserCode = logon.code;
     accept();
 }
@@ -152,7 +152,7 @@ qint32 FrmLogon::legacyLogon(const QString &user, const QString &password)
 // Tells the user and selects the name for another try.
 void FrmLogon::refuse(const QString &message, int selectionStart)
 {
-    ShowMgBox(message, 0, QStringLiteral("Login"), 0, false);
+    ShowMgBox(message, 0, tr("Login"), 0, false);
     Txtuser->setFocus();
     Txtuser->setSelection(selectionStart, Txtuser->text().size());
 }

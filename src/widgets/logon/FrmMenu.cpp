@@ -27,7 +27,7 @@ namespace zolt {
 
 namespace {
 
-const QString Notice = QStringLiteral("Thông báo");
+QString notice() { return FrmMenu::tr("Thông báo"); }
 
 } // namespace
 
@@ -35,26 +35,26 @@ FrmMenu::FrmMenu(QWidget *parent)
     : QDialog(parent)
 {
     setObjectName(QStringLiteral("FrmMenu"));
-    setWindowTitle(QStringLiteral("Users Management"));
+    setWindowTitle(tr("Users Management"));
     setFont(QFont(QStringLiteral("VK Sans Serif")));
 
     m_users = new UserRows(this);
     Lv = Named(new QTreeView(this), "Lv");
     Lv->setModel(m_users);
     Lv->setRootIsDecorated(false);
-    Lv->setAccessibleName(QStringLiteral("Người sử dụng"));
+    Lv->setAccessibleName(tr("Người sử dụng"));
     Lv->setUniformRowHeights(true);
     Lv->setAllColumnsShowFocus(true);
     Lv->setIconSize(QSize(16, 16));
     Lv->header()->setStretchLastSection(false);
     Lv->setFixedSize(520, 300);
-    CmdAdd = Named(new QPushButton(QStringLiteral("&Thêm"), this), "CmdAdd");
-    CmdEdit = Named(new QPushButton(QStringLiteral("&Sửa"), this), "CmdEdit");
-    CmdDel = Named(new QPushButton(QStringLiteral("&Xoá"), this), "CmdDel");
-    CmdExit = Named(new QPushButton(QStringLiteral("T&hoát"), this), "CmdExit");
+    CmdAdd = Named(new QPushButton(tr("&Thêm"), this), "CmdAdd");
+    CmdEdit = Named(new QPushButton(tr("&Sửa"), this), "CmdEdit");
+    CmdDel = Named(new QPushButton(tr("&Xoá"), this), "CmdDel");
+    CmdExit = Named(new QPushButton(tr("T&hoát"), this), "CmdExit");
     // With logon limits on, an administrator releases a waiting user.
     m_limits = ReadLogonLimits();
-    CmdRelease = Named(new QPushButton(QStringLiteral("&Mở khoá"), this), "CmdRelease");
+    CmdRelease = Named(new QPushButton(tr("&Mở khoá"), this), "CmdRelease");
     CmdRelease->setVisible(m_limits.attempts > 0);
 
     auto *buttons = ButtonRow({CmdAdd, CmdEdit, CmdDel, CmdRelease, CmdExit});
@@ -110,7 +110,7 @@ void FrmMenu::CmdRelease_Click()
             ClearRefusals(name);
         showWaiting();
     } catch (const Error &e) {
-        ShowMgBox(e.description(), 0, Notice, 0, false);
+        ShowMgBox(e.description(), 0, notice(), 0, false);
     }
 }
 
@@ -121,7 +121,7 @@ void FrmMenu::ReadInfo(const QString &TableName)
 {
     QString error;
     if (!m_users->append(TableName, &error))
-        ShowMgBox(error, 0, Notice);
+        ShowMgBox(error, 0, notice());
 }
 
 int FrmMenu::selectedRow() const
@@ -170,11 +170,11 @@ void FrmMenu::CmdDel_Click()
         return;
     const QString name = m_users->at(row)[UserRows::NameColumn];
     if (LngVal(m_users->at(row)[UserRows::CodeColumn]) == 3)
-        return void(ShowMgBox(QStringLiteral("Bạn không thể xoá người sử dụng này mà chỉ có thể đổi tên."), 0, Notice));
+        return void(ShowMgBox(tr("Bạn không thể xoá người sử dụng này mà chỉ có thể đổi tên."), 0, notice()));
     if (m_users->holdsOne())
-        return void(ShowMgBox(QStringLiteral("Bạn không thể xoá người sử dụng còn lại cuối cùng của chương trình"), 0,
-                              Notice));
-    if (LngVal(ShowMgBox(QStringLiteral("Bạn chắc chắn xoá người sử dụng này"), 4, Notice)) != 6)
+        return void(ShowMgBox(tr("Bạn không thể xoá người sử dụng còn lại cuối cùng của chương trình"), 0,
+                              notice()));
+    if (LngVal(ShowMgBox(tr("Bạn chắc chắn xoá người sử dụng này"), 4, notice())) != 6)
         return;
     try {
         CheckQuotable(name);
@@ -184,7 +184,7 @@ void FrmMenu::CmdDel_Click()
             Execute(QStringLiteral("Delete from [user] Where [Name]='") + name + QLatin1Char('\''));
         m_users->remove(row);
     } catch (const Error &e) {
-        ShowMgBox(e.description(), 0, Notice);
+        ShowMgBox(e.description(), 0, notice());
     }
 }
 

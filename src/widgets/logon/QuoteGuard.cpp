@@ -6,17 +6,21 @@
 
 #include <zolt/Error.h>
 
+#include <QCoreApplication>
 #include <QLineEdit>
 
 namespace zolt {
 
-const QString QuoteRefused = QStringLiteral("Tên và diễn giải không được chứa dấu nháy đơn (').");
+QString QuoteRefused()
+{
+    return QCoreApplication::translate("zolt::QuoteGuard", "Tên và diễn giải không được chứa dấu nháy đơn (').");
+}
 
 bool RefuseQuote(QLineEdit *box, const QString &title)
 {
     if (!BreaksQuotedLiteral(box->text()))
         return false;
-    ShowMgBox(QuoteRefused, 0, title, 0, false);
+    ShowMgBox(QuoteRefused(), 0, title, 0, false);
     box->setFocus();
     box->selectAll();
     return true;
@@ -25,7 +29,7 @@ bool RefuseQuote(QLineEdit *box, const QString &title)
 void CheckQuotable(const QString &text)
 {
     if (BreaksQuotedLiteral(text))
-        throw Error(Error::DatabaseFailure, QuoteRefused);
+        throw Error(Error::DatabaseFailure, QuoteRefused());
 }
 
 } // namespace zolt

@@ -12,7 +12,7 @@ class QLineEdit;
 namespace zolt {
 
 // What the user is told when a box holds such text.
-extern const QString QuoteRefused;
+QString QuoteRefused();
 
 // When the box's text would end its literal early:
 // tells the user under title, focuses the box with its text selected and

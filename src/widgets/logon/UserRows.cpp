@@ -118,14 +118,15 @@ QVariant UserRows::data(const QModelIndex &index, int role) const
     if (waiting && role == Qt::ForegroundRole)
         return QColor(Qt::darkRed);
     if (waiting && role == Qt::ToolTipRole)
-        return QStringLiteral("Đang phải chờ vì đăng nhập sai quá số lần cho phép");
+        return tr("Đang phải chờ vì đăng nhập sai quá số lần cho phép");
     return {};
 }
 
 QVariant UserRows::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    static const QString captions[] = {QStringLiteral("Tên"), QStringLiteral("Diễn giải"), QStringLiteral("Mã số")};
-    return orientation == Qt::Horizontal && role == Qt::DisplayRole ? captions[section] : QVariant();
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+        return {};
+    return section == NameColumn ? tr("Tên") : section == DescriptionColumn ? tr("Diễn giải") : tr("Mã số");
 }
 
 void UserRows::setWaiting(const QSet<QString> &names)

@@ -15,6 +15,8 @@
 namespace zolt {
 
 class UserRows : public QAbstractTableModel {
+    Q_OBJECT
+
 public:
     enum Column { NameColumn, DescriptionColumn, CodeColumn, ColumnCount };
     using Row = std::array<QString, ColumnCount>;

@@ -67,7 +67,7 @@ void tellServerAway(const QString &text)
     if (told)
         return;
     told = true;
-    ShowMgBox(text, 0, QStringLiteral("Lỗi kết nối"), 16);
+    ShowMgBox(text, 0, QCoreApplication::translate("zolt::MdlMsg", "Lỗi kết nối"), 16);
     QTimer::singleShot(0, [] { told = false; });
 }
 

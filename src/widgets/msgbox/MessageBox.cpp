@@ -49,13 +49,13 @@ struct ButtonLook {
     qint32 answer;   // the button's own answer code, whatever its tag says
 };
 
-constexpr ButtonLook Ok = {"Đồ&ng ý", "OK", 1};
-constexpr ButtonLook Cancel = {"&Bỏ qua", "CAN", 2};
-constexpr ButtonLook Abort = {"Bỏ &dở", "ABO", 3};
-constexpr ButtonLook Retry = {"&Thử lại", "RET", 4};
-constexpr ButtonLook Ignore = {"&Bác bỏ", "ABO", 5};   // the Abort tag: decoded as the others are
-constexpr ButtonLook Yes = {"&Có", "YES", 6};
-constexpr ButtonLook No = {"&Không", "NO", 7};
+constexpr ButtonLook Ok = {QT_TRANSLATE_NOOP("zolt::MessageBox", "Đồ&ng ý"), "OK", 1};
+constexpr ButtonLook Cancel = {QT_TRANSLATE_NOOP("zolt::MessageBox", "&Bỏ qua"), "CAN", 2};
+constexpr ButtonLook Abort = {QT_TRANSLATE_NOOP("zolt::MessageBox", "Bỏ &dở"), "ABO", 3};
+constexpr ButtonLook Retry = {QT_TRANSLATE_NOOP("zolt::MessageBox", "&Thử lại"), "RET", 4};
+constexpr ButtonLook Ignore = {QT_TRANSLATE_NOOP("zolt::MessageBox", "&Bác bỏ"), "ABO", 5};   // the Abort tag: decoded as the others are
+constexpr ButtonLook Yes = {QT_TRANSLATE_NOOP("zolt::MessageBox", "&Có"), "YES", 6};
+constexpr ButtonLook No = {QT_TRANSLATE_NOOP("zolt::MessageBox", "&Không"), "NO", 7};
 constexpr ButtonLook Hidden = {nullptr, nullptr, 0};
 
 // Cmd1, Cmd2 and Cmd3 of the six sets of the system message box, by number.
@@ -70,7 +70,7 @@ constexpr std::array<std::array<ButtonLook, 3>, 6> Sets = {{
 
 QPushButton *makeButton(QWidget *parent, const char *name, const ButtonLook &look, int left)
 {
-    auto *button = new QPushButton(QString::fromUtf8(look.caption), parent);
+    auto *button = new QPushButton(MessageBox::tr(look.caption), parent);
     button->setObjectName(QLatin1String(name));
     button->setProperty("Tag", QString::fromUtf8(look.tag));
     button->setAutoDefault(true);
@@ -93,7 +93,7 @@ QLabel *makePicture(QWidget *parent, const char *name, const QString &resource, 
 {
     auto *picture = new QLabel(parent);
     picture->setObjectName(QLatin1String(name));
-    picture->setAccessibleName(QString::fromUtf8(meaning));
+    picture->setAccessibleName(MessageBox::tr(meaning));
     picture->setPixmap(QPixmap(resource));
     picture->setGeometry(ToPixels(IconLeft), ToPixels(ContentTop), ToPixels(IconSize), ToPixels(IconSize));
     picture->setVisible(shown);
@@ -126,11 +126,16 @@ MessageBox::MessageBox(QWidget *parent)
     Line3 = makeLine(this, "Line3", QFrame::VLine);
     Line2 = makeLine(this, "Line2", QFrame::VLine);
     Line1 = makeLine(this, "Line1", QFrame::HLine);
-    micon = makePicture(this, "micon", QStringLiteral(":/zolt/information.png"), "Thông báo", true);
-    q = makePicture(this, "q", QStringLiteral(":/zolt/question.png"), "Câu hỏi", false);
-    Info = makePicture(this, "Info", QStringLiteral(":/zolt/information.png"), "Thông báo", false);
-    Ex = makePicture(this, "Ex", QStringLiteral(":/zolt/exclamation.png"), "Cảnh báo", false);
-    stop = makePicture(this, "stop", QStringLiteral(":/zolt/stop.png"), "Lỗi", false);
+    micon = makePicture(this, "micon", QStringLiteral(":/zolt/information.png"),
+                        QT_TRANSLATE_NOOP("zolt::MessageBox", "Thông báo"), true);
+    q = makePicture(this, "q", QStringLiteral(":/zolt/question.png"),
+                    QT_TRANSLATE_NOOP("zolt::MessageBox", "Câu hỏi"), false);
+    Info = makePicture(this, "Info", QStringLiteral(":/zolt/information.png"),
+                       QT_TRANSLATE_NOOP("zolt::MessageBox", "Thông báo"), false);
+    Ex = makePicture(this, "Ex", QStringLiteral(":/zolt/exclamation.png"),
+                     QT_TRANSLATE_NOOP("zolt::MessageBox", "Cảnh báo"), false);
+    stop = makePicture(this, "stop", QStringLiteral(":/zolt/stop.png"),
+                       QT_TRANSLATE_NOOP("zolt::MessageBox", "Lỗi"), false);
     Message = new QLabel(this);
     Message->setObjectName(QStringLiteral("Message"));
     Message->setTextFormat(Qt::PlainText);
@@ -230,12 +235,12 @@ void MessageBox::SetButtons(qint32 set)
         QPushButton *button = controls[i];
         button->setVisible(look.caption != nullptr);
         if (look.caption) {
-            button->setText(QString::fromUtf8(look.caption));
+            button->setText(tr(look.caption));
             button->setProperty("Tag", QString::fromUtf8(look.tag));
         }
     }
     // A request to correct something is answered yes by default.
-    if (set == vbYesNo && Message->text().contains(QStringLiteral("sửa lại"))) {
+    if (set == vbYesNo && Message->text().contains(tr("sửa lại"))) {
         m_tabOrder.removeOne(Cmd1);
         m_tabOrder.prepend(Cmd1);
     }
@@ -303,7 +308,7 @@ void MessageBox::fitButtonsToFont()
         for (const ButtonLook &look : set) {
             if (look.caption)
                 widest = std::max(widest, metrics.horizontalAdvance(
-                                              QString::fromUtf8(look.caption).remove(QLatin1Char('&'))) + 16);
+                                              tr(look.caption).remove(QLatin1Char('&'))) + 16);
         }
     }
     const int height = std::max(Cmd1->height(), metrics.height() + 10);

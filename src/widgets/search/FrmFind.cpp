@@ -64,22 +64,22 @@ FrmFind::FrmFind(QWidget *parent)
     : QDialog(parent)
 {
     setObjectName(QStringLiteral("FrmFind"));
-    setWindowTitle(QStringLiteral("Search 1.1"));
+    setWindowTitle(tr("Search 1.1"));
     setFont(QFont(QStringLiteral("VK Sans Serif")));
 
     auto *rows = new QGridLayout;
     rows->setHorizontalSpacing(8);
     rows->setVerticalSpacing(8);
-    const char *const headings[] = {"Nối", "Trường", "So sánh", "Giá trị"};
+    const char *const headings[] = {QT_TR_NOOP("Nối"), QT_TR_NOOP("Trường"), QT_TR_NOOP("So sánh"), QT_TR_NOOP("Giá trị")};
     QLabel *heading[4];
     for (int column = 0; column < 4; ++column) {
-        heading[column] = new QLabel(QString::fromUtf8(headings[column]), this);
+        heading[column] = new QLabel(tr(headings[column]), this);
         rows->addWidget(heading[column], 0, column);
     }
     // A screen reader names each control by its column and row, whatever it
     // holds, and tells the column's heading as its label.
     const auto name = [&](QWidget *control, int column, int i) {
-        control->setAccessibleName(heading[column]->text() + QStringLiteral(" dòng %1").arg(i + 1));
+        control->setAccessibleName(tr("%1 dòng %2").arg(heading[column]->text()).arg(i + 1));
         SetAccessibleHeading(control, heading[column]);
     };
     for (int i = 0; i < Rows; ++i) {
@@ -104,13 +104,13 @@ FrmFind::FrmFind(QWidget *parent)
     rows->setColumnMinimumWidth(3, 190);
     TxtResult = Named(new QPlainTextEdit(this), "TxtResult");
     TxtResult->setReadOnly(true);
-    TxtResult->setAccessibleName(QStringLiteral("Điều kiện"));
+    TxtResult->setAccessibleName(tr("Điều kiện"));
     TxtResult->setFixedHeight(70);
     TxtResult->setTabChangesFocus(true);
     FrCmd = Named(new QFrame(this), "FrCmd");
-    CmdOK = Named(new QPushButton(QStringLiteral("Đồ&ng ý"), FrCmd), "CmdOK");
-    CmdCancel = Named(new QPushButton(QStringLiteral("Th&oát"), FrCmd), "CmdCancel");
-    CmdHelp = Named(new QPushButton(QStringLiteral("&Hướng dẫn"), FrCmd), "CmdHelp");
+    CmdOK = Named(new QPushButton(tr("Đồ&ng ý"), FrCmd), "CmdOK");
+    CmdCancel = Named(new QPushButton(tr("Th&oát"), FrCmd), "CmdCancel");
+    CmdHelp = Named(new QPushButton(tr("&Hướng dẫn"), FrCmd), "CmdHelp");
     auto *buttons = ButtonRow({CmdOK, CmdCancel, CmdHelp});
     buttons->setContentsMargins(0, 0, 0, 0);
     FrCmd->setLayout(buttons);
@@ -180,7 +180,7 @@ void FrmFind::ReadData()
     for (int i = 1; i < Rows; ++i) {
         cmbLg[i]->Clear();   // a second load starts afresh too
         CmbFld[i]->Clear();
-        cmbLg[i]->AppendItems({QStringLiteral("và"), QStringLiteral("hoặc")}, {QStringLiteral("and"), QStringLiteral("or")});
+        cmbLg[i]->AppendItems({tr("và"), tr("hoặc")}, {QStringLiteral("and"), QStringLiteral("or")});
         cmbLg[i]->SetListIndex(0);
         CmbFld[i]->AppendItems(texts, data);
     }
@@ -252,7 +252,7 @@ QString FrmFind::GetWords() const
     for (int i = 1; i < Rows; ++i) {
         if (CheckSql(i)) {
             const QString connector = cmbLg[i]->Text();
-            s += u' ' + (connector.isEmpty() ? QStringLiteral("và") : connector) + u' ' + rowWords(i);
+            s += u' ' + (connector.isEmpty() ? tr("và") : connector) + u' ' + rowWords(i);
         }
     }
     return s;
@@ -265,20 +265,20 @@ QString FrmFind::rowProblem(int Index) const
     const QString typed = Trim(MskValue[Index]->text());
     if (typed.isEmpty() || !MskValue[Index]->isEnabled() || CmbFld[Index]->ListIndex() < 0)
         return QString();
-    const QString row = QStringLiteral("Dòng %1, %2: «%3» ").arg(Index + 1).arg(CmbFld[Index]->Text(), typed);
+    const QString row = tr("Dòng %1, %2: «%3» ").arg(Index + 1).arg(CmbFld[Index]->Text(), typed);
     switch (fieldType(Index)) {
     case UncheckedNumberType: case NumberType: case NumberType13:
         if (TypedNumbers(CmbPredicate[Index]->Value(), typed))
             return QString();
-        return row + QStringLiteral("không phải là số. Số viết như trên màn hình: dấu chấm ngăn hàng nghìn, "
-                                    "dấu phẩy trước phần lẻ (ví dụ 1.234.567,5)%1.")
+        return row + tr("không phải là số. Số viết như trên màn hình: dấu chấm ngăn hàng nghìn, "
+                                        "dấu phẩy trước phần lẻ (ví dụ 1.234.567,5)%1.")
                          .arg(UCase(CmbPredicate[Index]->Value()) == QLatin1String("IN")
-                                  ? QStringLiteral("; các số của danh sách cách nhau bằng dấu phẩy")
+                                  ? tr("; các số của danh sách cách nhau bằng dấu phẩy")
                                   : QString());
     case DateType:
         return IsDate(typed) ? QString()
-                             : row + QStringLiteral("không phải là một ngày có thật. Ngày viết ngày/tháng/năm, "
-                                                    "ví dụ 31/12/2026.");
+                             : row + tr("không phải là một ngày có thật. Ngày viết ngày/tháng/năm, "
+                                                        "ví dụ 31/12/2026.");
     default:
         return QString();
     }
@@ -290,7 +290,7 @@ bool FrmFind::toldProblem(int Index)
     const QString problem = rowProblem(Index);
     if (problem.isEmpty())
         return false;
-    ShowMgBox(problem, 0, QStringLiteral("Tìm kiếm"), 48);
+    ShowMgBox(problem, 0, tr("Tìm kiếm"), 48);
     MskValue[Index]->setFocus();
     MskValue[Index]->selectAll();
     return true;
@@ -357,7 +357,7 @@ QString FrmFind::GetDis() const
     for (int i = 1; i < Rows; ++i) {
         if (CheckSql(i)) {
             const QString connector = cmbLg[i]->Text();
-            s += (connector.isEmpty() ? QStringLiteral("và") : connector) + GetDisplay(i);
+            s += (connector.isEmpty() ? tr("và") : connector) + GetDisplay(i);
         }
     }
     return s;

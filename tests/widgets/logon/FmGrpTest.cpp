@@ -120,7 +120,7 @@ TEST_P(FmGrpTest, AddingLocksTheRightsAndWritingNeedsAName)
         QStringList shown;
         test::answerMessages(&shown);
         click(form, "CmdWrite");
-        EXPECT_EQ(shown, QStringList{u"Save Error|"_s + QuoteRefused});
+        EXPECT_EQ(shown, QStringList{u"Save Error|"_s + QuoteRefused()});
         retype(box(form, "TxtName"), u"Kế toán"_s);
         test::typeText(box(form, "TxtDesc"), u"Sổ sách"_s);
         click(form, "CmdWrite");

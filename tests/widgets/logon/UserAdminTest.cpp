@@ -130,7 +130,7 @@ TEST_P(UserAdminTest, AddAppendsTheUsersAddedMeanwhileAndRefusesDuplicatesAndBad
             EXPECT_EQ(okAndRead(editor), "User Infomation|Người sử dụng đã tồn tại");
             EXPECT_EQ(box(editor, "Txtuser")->selectedText(), "admin");
             test::typeText(box(editor, "Txtuser"), u"O'Hara"_s);
-            EXPECT_EQ(okAndRead(editor), u"User Infomation|"_s + QuoteRefused);
+            EXPECT_EQ(okAndRead(editor), u"User Infomation|"_s + QuoteRefused());
             retype(box(editor, "Txtuser"), u"Nguyễn Thu"_s);
             EXPECT_EQ(okAndRead(editor), "User Infomation|Mật khẩu không hợp lệ");
             retype(box(editor, "txtConfirm"), u"ABC"_s);   // passwords are compared upper-cased
