@@ -42,40 +42,40 @@ public:
     /// An error with the stop icon.
     static Answer critical(QWidget *parent, const QString &title, const QString &text, Buttons buttons = vbOKOnly);
 
-    // Loads the dialog in its designed state, with the configured fonts.
+    /// Loads the dialog in its designed state, with the configured fonts.
     explicit MessageBox(QWidget *parent = nullptr);
     ~MessageBox() override;
 
-    // The answer of the last button clicked, as decimal digits. It outlives
-    // every load of the dialog: closing it otherwise leaves the last answer.
+    /// The answer of the last button clicked, as decimal digits. It outlives
+    /// every load of the dialog: closing it otherwise leaves the last answer.
     static QString ReturnValue;
-    // The answer code of the button this box was left by, every button told
-    // apart (Ignore is 5 though its tag reads as Abort); 0 when it was closed otherwise.
+    /// The answer code of the button this box was left by, every button told
+    /// apart (Ignore is 5 though its tag reads as Abort); 0 when it was closed otherwise.
     qint32 PressedAnswer = 0;
 
-    // Answer code from a caption and a tag; the last matching test wins.
+    /// Answer code from a caption and a tag; the last matching test wins.
     static qint32 GetReturn(const QString &St, const QString &sTag = QString());
-    // Answer code from a tag alone.
+    /// Answer code from a tag alone.
     static qint32 GetReturn1(const QString &St);
-    // A button's tag: the short code of its answer ("OK", "CAN", "YES" ...).
+    /// A button's tag: the short code of its answer ("OK", "CAN", "YES" ...).
     static QString Tag(const QPushButton *button);
 
+    /// The title band's text, and the window's title.
     void SetTitle(const QString &title);
-    // The message label sizes itself to its text; the dialog follows.
+    /// The message label sizes itself to its text; the dialog follows.
     void SetMessage(const QString &text);
-    // Button set 0 to 5 (see zolt::Buttons); other values keep the designed buttons.
+    /// Button set 0 to 5 (see zolt::Buttons); other values keep the designed buttons.
     void SetButtons(qint32 set);
-    // Icon 16, 32, 48 or 64 (see zolt::IconValue); others keep the designed icon.
+    /// Icon 16, 32, 48 or 64 (see zolt::IconValue); others keep the designed icon.
     void SetIcon(qint32 icon);
+    /// The message and the buttons laid out from right to left.
     void SetRightToLeft(bool rightToLeft);
 
-protected:
+private:
     bool eventFilter(QObject *watched, QEvent *event) override;
     bool focusNextPrevChild(bool next) override;
     void resizeEvent(QResizeEvent *event) override;
     void showEvent(QShowEvent *event) override;
-
-private:
     void layOut();
     void placeButtonRow();
     void fitButtonsToFont();
