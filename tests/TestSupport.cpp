@@ -25,6 +25,7 @@ std::string EngineName(const ::testing::TestParamInfo<Engine> &info)
     case Engine::SQLite: return "SQLite";
     case Engine::PostgreSQL: return "PostgreSQL";
     case Engine::Odbc: return "ODBC";
+    case Engine::MariaDB: return "MariaDB";
     }
     return "Unknown";
 }
@@ -51,21 +52,41 @@ QString ServerFolder()
     return QStringLiteral(ZOLT_TEST_SERVERS);
 }
 
+// Started by CTest's fixture with tests/servers/mariadb-cluster.sh.
+QString MariaDbFolder()
+{
+    return QStringLiteral(ZOLT_TEST_MARIADB);
+}
+
 TempDatabase::TempDatabase(Engine engine)
     : m_engine(engine)
     , m_name(QUuid::createUuid().toString())
 {
-    static const char *const drivers[] = {"QSQLITE", "QPSQL", "QODBC"};
-    QSqlDatabase db = engine == Engine::SQLite ? QSqlDatabase::addDatabase(QLatin1String(drivers[0]), m_name)
-                                               : addServerDatabase(QLatin1String(drivers[int(engine)]), m_name, ServerFolder());
+    static const char *const drivers[] = {"QSQLITE", "QPSQL", "QODBC", "QMYSQL"};
+    const QString driver = QLatin1String(drivers[int(engine)]);
+    if (engine != Engine::SQLite)
+        m_schema = u't' + QUuid::createUuid().toString(QUuid::Id128);
+    if (engine == Engine::MariaDB) {
+        // A database of its own, made first so that a connection opened again still uses it.
+        {
+            QSqlDatabase admin = addServerDatabase(driver, m_name + QStringLiteral("-admin"), MariaDbFolder());
+            EXPECT_TRUE(admin.open() && QSqlQuery(admin).exec(QStringLiteral("CREATE DATABASE %1").arg(m_schema)))
+                << admin.lastError().text().toStdString();
+        }
+        QSqlDatabase::removeDatabase(m_name + QStringLiteral("-admin"));
+    }
+    QSqlDatabase db = engine == Engine::SQLite    ? QSqlDatabase::addDatabase(driver, m_name)
+                      : engine == Engine::MariaDB ? addServerDatabase(driver, m_name, MariaDbFolder())
+                                                  : addServerDatabase(driver, m_name, ServerFolder());
     if (engine == Engine::SQLite)
         db.setDatabaseName(m_dir.filePath(QStringLiteral("test.db")));
+    if (engine == Engine::MariaDB)
+        db.setDatabaseName(m_schema);
     EXPECT_TRUE(db.open()) << EngineName({engine, 0}) << ": " << db.lastError().text().toStdString();
     SetCurrentConnection(db);
     if (engine == Engine::SQLite) {
         traceStatements(db, m_statements.get());
-    } else {
-        m_schema = u't' + QUuid::createUuid().toString(QUuid::Id128);
+    } else if (engine != Engine::MariaDB) {
         exec(QStringLiteral("CREATE SCHEMA %1").arg(m_schema));
         exec(QStringLiteral("SET search_path TO %1, public").arg(m_schema));
     }
@@ -75,7 +96,8 @@ TempDatabase::~TempDatabase()
 {
     QSqlDatabase db = QSqlDatabase::database(m_name, false);
     if (!m_schema.isEmpty() && db.isOpen())
-        QSqlQuery(db).exec(QStringLiteral("DROP SCHEMA %1 CASCADE").arg(m_schema));
+        QSqlQuery(db).exec(m_engine == Engine::MariaDB ? QStringLiteral("DROP DATABASE %1").arg(m_schema)
+                                                       : QStringLiteral("DROP SCHEMA %1 CASCADE").arg(m_schema));
     db.close();
     db = QSqlDatabase();
     // The library keeps no copy of the host's connection, so the host removes
@@ -97,7 +119,9 @@ QSqlDatabase TempDatabase::db() const
 void TempDatabase::createLibraryTables() const
 {
     // Every statement of the scripts ends its line with ";".
-    const char *script = m_engine == Engine::SQLite ? ZOLT_SQLITE_VERSION1 : ZOLT_POSTGRESQL_VERSION1;
+    const char *script = m_engine == Engine::SQLite    ? ZOLT_SQLITE_VERSION1
+                         : m_engine == Engine::MariaDB ? ZOLT_MARIADB_VERSION1
+                                                       : ZOLT_POSTGRESQL_VERSION1;
     for (const QString &statement : QString::fromUtf8(readFile(QLatin1String(script))).split(QStringLiteral(";\n"))) {
         if (statement.contains(QStringLiteral("CREATE")))
             exec(statement.mid(statement.indexOf(QStringLiteral("CREATE"))));
@@ -119,10 +143,12 @@ QVariant TempDatabase::scalar(const QString &sql) const
 
 void TempDatabase::dropConnection() const
 {
-    const QString backend = scalar(QStringLiteral("Select pg_backend_pid()")).toString();
+    const bool mariaDb = m_engine == Engine::MariaDB;
+    const QString backend = scalar(mariaDb ? QStringLiteral("Select Connection_Id()") : QStringLiteral("Select pg_backend_pid()")).toString();
     {
-        QSqlDatabase admin = addServerDatabase(QStringLiteral("QPSQL"), m_name + QStringLiteral("-admin"), ServerFolder());
-        EXPECT_TRUE(admin.open() && QSqlQuery(admin).exec(QStringLiteral("Select pg_terminate_backend(%1)").arg(backend)));
+        QSqlDatabase admin = mariaDb ? addServerDatabase(QStringLiteral("QMYSQL"), m_name + QStringLiteral("-admin"), MariaDbFolder())
+                                     : addServerDatabase(QStringLiteral("QPSQL"), m_name + QStringLiteral("-admin"), ServerFolder());
+        EXPECT_TRUE(admin.open() && QSqlQuery(admin).exec((mariaDb ? QStringLiteral("Kill %1") : QStringLiteral("Select pg_terminate_backend(%1)")).arg(backend)));
     }
     QSqlDatabase::removeDatabase(m_name + QStringLiteral("-admin"));
 }

@@ -17,18 +17,21 @@ inline void PrintTo(const QString &text, std::ostream *os) { *os << '"' << text.
 
 namespace zolt::test {
 
-// The engines the library is tested on: an SQLite file, and the suite's own
-// PostgreSQL server reached through Qt's driver and through unixODBC.
-enum class Engine { SQLite, PostgreSQL, Odbc };
-inline const Engine Engines[] = {Engine::SQLite, Engine::PostgreSQL, Engine::Odbc};
+// The engines the library is tested on: an SQLite file, the suite's own
+// PostgreSQL server reached through Qt's driver and through unixODBC, and its
+// own MariaDB server.
+enum class Engine { SQLite, PostgreSQL, Odbc, MariaDB };
+inline const Engine Engines[] = {Engine::SQLite, Engine::PostgreSQL, Engine::Odbc, Engine::MariaDB};
 std::string EngineName(const ::testing::TestParamInfo<Engine> &info);
 // The folder of the suite's PostgreSQL server: its socket and data source.
 QString ServerFolder();
+// The folder of the suite's MariaDB server: its socket.
+QString MariaDbFolder();
 
 // A fresh database on an engine, open for the test's lifetime and installed
 // as the library's current connection: an SQLite file in a temporary folder,
-// or a schema of its own on the server. A database that cannot be reached
-// fails the test.
+// a schema of its own on the PostgreSQL server, a database of its own on the
+// MariaDB server. A database that cannot be reached fails the test.
 class TempDatabase {
 public:
     explicit TempDatabase(Engine engine = Engine::SQLite);
@@ -60,7 +63,7 @@ private:
     QTemporaryDir m_dir;
     std::unique_ptr<QStringList> m_statements = std::make_unique<QStringList>();
     QString m_name;
-    QString m_schema;   // on the server
+    QString m_schema;   // on a server
 };
 
 // How many generated trials a test runs: few by default, many when

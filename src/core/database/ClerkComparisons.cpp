@@ -6,6 +6,7 @@
 #include "core/database/SqlLexer.h"
 #include "core/text/TextFold.h"
 
+#include <QHash>
 #include <QSqlDriver>
 
 #include <algorithm>
@@ -33,7 +34,8 @@ QList<Token> tokens(const QString &sql)
         switch (piece.kind) {
         case SqlPieceKind::Space: kind = Kind::Space; break;
         case SqlPieceKind::Quoted: kind = Kind::Quoted; break;
-        case SqlPieceKind::DoubleQuoted: case SqlPieceKind::Bracketed: case SqlPieceKind::Name: kind = Kind::Name; break;
+        case SqlPieceKind::DoubleQuoted: case SqlPieceKind::BackQuoted: case SqlPieceKind::Bracketed:
+        case SqlPieceKind::Name: kind = Kind::Name; break;
         default: break;
         }
         if (kind == Kind::Name && !out.isEmpty() && out.back().kind == Kind::Name && out.back().end == piece.begin)
@@ -123,15 +125,78 @@ private:
     const QList<Token> &m_tokens;
 };
 
-enum class Engine { SQLite, PostgreSQL, Other };
+enum class Engine { SQLite, PostgreSQL, MariaDB, Other };
 
 Engine engineOf(const QSqlDatabase &db)
 {
     switch (db.driver() ? db.driver()->dbmsType() : QSqlDriver::UnknownDbms) {
     case QSqlDriver::SQLite: return Engine::SQLite;
     case QSqlDriver::PostgreSQL: return Engine::PostgreSQL;
+    case QSqlDriver::MySqlServer: return Engine::MariaDB;
     default: return Engine::Other;
     }
+}
+
+// The letters with marks that fold to each bare letter: "a" to à, á … ậ.
+const QHash<QChar, QString> &markedLetters()
+{
+    static const QHash<QChar, QString> letters = [] {
+        QHash<QChar, QString> out;
+        const char16_t *bare = BareFold();
+        for (char16_t u = 0xC0; u < 0x1F00; ++u) {
+            if (QChar(u).isLetter() && bare[u] >= u'a' && bare[u] <= u'z')
+                out[QChar(bare[u])] += QChar(u);
+        }
+        return out;
+    }();
+    return letters;
+}
+
+QString escapedForRegex(const QString &text)
+{
+    static const QString special = QStringLiteral("\\^$.|?*+()[]{}");
+    QString out;
+    for (const QChar c : text)
+        out += special.contains(c) ? QString(u'\\') + c : QString(c);
+    return out;
+}
+
+// A character as composed or decomposed text may spell it ("ễ" as one
+// character, as "ê" and a tilde, or as "e" and two marks).
+QString spellings(QChar c)
+{
+    const QString decomposed = QString(c).normalized(QString::NormalizationForm_D);
+    if (decomposed.size() == 1)
+        return escapedForRegex(QString(c));
+    QStringList forms = {QString(c), decomposed};
+    if (decomposed.size() == 3)
+        forms << decomposed.left(2).normalized(QString::NormalizationForm_C) + decomposed.back();
+    for (QString &form : forms)
+        form = escapedForRegex(form);
+    return QStringLiteral("(?:") + forms.join(u'|') + u')';
+}
+
+// A LIKE pattern (its literal, apostrophes and all) as the regular expression
+// MariaDB matches a clerk's text with: its LIKE compares text stored
+// decomposed character by character, so "Bánh" written as "a" and an accent
+// would be missed. Case never matters; "%" is any text, "_" one letter with
+// its marks; bare, every letter stands for itself with any marks.
+QString regexOf(const QString &literal, bool bare)
+{
+    const QString pattern = literal.mid(1, literal.size() - 2).replace(QStringLiteral("''"), QStringLiteral("'"));
+    QString out = QStringLiteral("(?i)^");
+    for (const QChar c : pattern.normalized(QString::NormalizationForm_C)) {
+        const QChar lower = c.toLower();
+        if (c == u'%')
+            out += QStringLiteral(".*");
+        else if (c == u'_')
+            out += QStringLiteral("\\X");
+        else if (bare && markedLetters().contains(lower))
+            out += u'[' + lower + markedLetters()[lower] + QStringLiteral("]\\p{Mn}*");
+        else
+            out += spellings(c);
+    }
+    return u'\'' + out.replace(u'\'', QStringLiteral("''")) + QStringLiteral("$'");
 }
 
 // The comparison in the engine's clerk form.
@@ -147,6 +212,14 @@ QString rewritten(const Reader &r, const Comparison &c, Engine engine, bool acce
     for (qsizetype literal : c.literals)
         literals << r.text(literal);
 
+    if (engine == Engine::MariaDB) {
+        if (c.op == QLatin1String("LIKE"))
+            return operand + u' ' + nott + QStringLiteral("REGEXP ") + regexOf(literals.front(), bare);
+        const QString collated = operand + (bare ? QStringLiteral(" COLLATE utf8mb4_uca1400_nopad_ai_ci ")
+                                                 : QStringLiteral(" COLLATE utf8mb4_uca1400_nopad_as_ci "));
+        return c.op == QLatin1String("IN") ? collated + nott + QStringLiteral("IN (") + literals.join(u',') + u')'
+                                           : collated + c.op + u' ' + literals.front();
+    }
     if (engine == Engine::PostgreSQL) {
         const QString fold = bare ? QStringLiteral("zolt_bare(") : QStringLiteral("zolt_nocase(");
         for (QString &literal : literals)

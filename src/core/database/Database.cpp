@@ -56,6 +56,7 @@ struct Dialect {
     QChar open = u'[', close = u']';  // quotes a [bracketed] name so
     bool lowerCaseNames = false;      // quoted names in lower case, as it folds plain ones
     bool backslashEscapes = false;    // reads backslash escapes inside quoted text
+    bool lowerCaseTables = false;     // tells table names apart by case: they go quoted, in lower case
 };
 
 // PostgreSQL reads backslash escapes in quoted text only with this setting off.
@@ -66,19 +67,51 @@ bool standardConformingStrings(const QSqlDatabase &db)
         || query.value(0).toString() != QLatin1String("off");
 }
 
+// MySQL and MariaDB read backslash escapes in quoted text unless the
+// session's sql_mode holds NO_BACKSLASH_ESCAPES.
+bool noBackslashEscapes(const QSqlDatabase &db)
+{
+    QSqlQuery query(db);
+    return RunStatement(query, QStringLiteral("SELECT @@SESSION.sql_mode")) && query.next()
+        && query.value(0).toString().contains(QLatin1String("NO_BACKSLASH_ESCAPES"));
+}
+
 Dialect dialectOf(const QSqlDatabase &db, bool statementHasBackslash)
 {
     switch (db.driver() ? db.driver()->dbmsType() : QSqlDriver::UnknownDbms) {
     case QSqlDriver::PostgreSQL:
         return {false, u'"', u'"', true, statementHasBackslash && !standardConformingStrings(db)};
     case QSqlDriver::MySqlServer:
-        return {false, u'`', u'`', false, true};
+        return {false, u'`', u'`', true, statementHasBackslash && !noBackslashEscapes(db), true};
     case QSqlDriver::UnknownDbms:
         // An ODBC data source of no known server may well be the original engine.
         return {db.driverName() == QLatin1String("QODBC")};
     default:
         return {};   // SQLite and SQL Server read [names]; dates go as ISO text
     }
+}
+
+// A plain name as an engine that tells tables apart by case reads it: the
+// name of a table (the one after FROM, JOIN, INTO, UPDATE, TABLE or VIEW) quoted
+// in lower case, as the library's tables are made there; the column name Dec,
+// which such an engine reserves, quoted. tableNext says whether a table's
+// name comes next.
+QString engineName(const QString &name, const Dialect &dialect, bool &tableNext)
+{
+    static const QStringList introducers = {QStringLiteral("FROM"), QStringLiteral("JOIN"), QStringLiteral("INTO"),
+                                            QStringLiteral("UPDATE"), QStringLiteral("TABLE"), QStringLiteral("VIEW")};
+    static const QStringList skipped = {QStringLiteral("IF"), QStringLiteral("NOT"), QStringLiteral("EXISTS"),
+                                       QStringLiteral("ON")};   // CREATE TABLE IF NOT EXISTS t, BEFORE UPDATE ON t
+    const QString upper = name.toUpper();
+    if (introducers.contains(upper)) {
+        tableNext = true;
+        return name;
+    }
+    if (tableNext && !skipped.contains(upper)) {
+        tableNext = false;
+        return dialect.open + name.toLower() + dialect.close;
+    }
+    return upper == QLatin1String("DEC") ? dialect.open + name + dialect.close : name;
 }
 
 // The statement in the engine's dialect: quoted text copied (inside
@@ -90,8 +123,13 @@ QString adapt(const QString &sql, const Dialect &dialect)
     const auto isQuote = [](QChar q) { return q == u'\'' || q == u'"'; };
     QString out;
     out.reserve(sql.size() + 8);
+    bool tableNext = false;   // the next name is a table's
     for (const SqlPiece &piece : SqlPieces(sql)) {
         QString text = sql.mid(piece.begin, piece.end - piece.begin);
+        if (dialect.lowerCaseTables && piece.kind == SqlPieceKind::Name)
+            text = engineName(text, dialect, tableNext);
+        else if (piece.kind != SqlPieceKind::Space)
+            tableNext = false;   // a bracketed table, or no table: "FROM (SELECT …"
         switch (piece.kind) {
         case SqlPieceKind::Quoted:
         case SqlPieceKind::Unclosed:
@@ -160,6 +198,46 @@ bool serverGone(const QSqlDatabase &db)
     return !probe.exec(QStringLiteral("Select 1")) && !probe.lastError().nativeErrorCode().startsWith(QLatin1String("25"));
 }
 
+// MySQL and MariaDB tell an UPDATE's rows changed, not matched, unless the
+// connection was opened with CLIENT_FOUND_ROWS: a row saved again as it was
+// would read as changed elsewhere to a compare and set.
+bool countsChangedRowsOnly(const QSqlDatabase &db)
+{
+    return db.driver() && db.driver()->dbmsType() == QSqlDriver::MySqlServer
+        && !db.connectOptions().contains(QLatin1String("CLIENT_FOUND_ROWS"));
+}
+
+// The rows an UPDATE (written as the library writes its SQL) matches, counted
+// with its own WHERE: what an engine that counts changed rows only would
+// have told. 0 for any other statement.
+qint64 matchedRows(const QString &sql, const QSqlDatabase &db)
+{
+    const QList<SqlPiece> pieces = SqlPieces(sql);
+    const auto word = [&](const SqlPiece &piece, QLatin1String name) {
+        return piece.kind == SqlPieceKind::Name && QStringView(sql).mid(piece.begin, piece.end - piece.begin).compare(name, Qt::CaseInsensitive) == 0;
+    };
+    qsizetype i = 0;
+    while (i < pieces.size() && pieces[i].kind == SqlPieceKind::Space)
+        ++i;
+    if (i + 2 >= pieces.size() || !word(pieces[i], QLatin1String("UPDATE")))
+        return 0;
+    const SqlPiece table = pieces[i + 2];
+    QString where = QStringLiteral("1=1");
+    int depth = 0;
+    for (qsizetype k = i + 3; k < pieces.size(); ++k) {
+        const QChar c = sql.at(pieces[k].begin);
+        depth += pieces[k].kind == SqlPieceKind::Symbol ? (c == u'(') - (c == u')') : 0;
+        if (depth == 0 && word(pieces[k], QLatin1String("WHERE"))) {
+            where = sql.mid(pieces[k].end);
+            break;
+        }
+    }
+    LibraryStatement count = RunLibraryStatement(
+        db, DriverSql(db, QStringLiteral("SELECT COUNT(*) FROM ") + sql.mid(table.begin, table.end - table.begin) + QStringLiteral(" WHERE ") + where),
+        Repeat::Read);
+    return count.number == 0 && count.query.next() ? count.query.value(0).toLongLong() : 0;
+}
+
 // Opens db again after its server went away; true when it is open.
 bool reopen(QSqlDatabase db)
 {
@@ -211,25 +289,25 @@ LibraryStatement RunLibraryStatement(QSqlDatabase db, const QString &sql, Repeat
 {
     if (!db.isOpen()) {
         if (!lostConnections().contains(db.connectionName()))
-            return {QSqlQuery(db), Error::DatabaseFailure, ClosedConnectionText()};
+            return {QSqlQuery(db), Error::DatabaseFailure, ClosedConnectionText(), QString()};
         if (!reopen(db))
-            return {QSqlQuery(db), Error::ServerUnreachable, unreachableText()};
+            return {QSqlQuery(db), Error::ServerUnreachable, unreachableText(), QString()};
     }
     QSqlQuery query(db);
     query.setForwardOnly(forwardOnly);
     if (RunStatement(query, sql))
-        return {std::move(query), 0, QString()};
+        return {std::move(query), 0, QString(), QString()};
     if (!serverGone(db))
-        return {QSqlQuery(db), Error::DatabaseFailure, query.lastError().text()};
+        return {QSqlQuery(db), Error::DatabaseFailure, query.lastError().text(), query.lastError().nativeErrorCode()};
     if (!reopen(db))
-        return {QSqlQuery(db), Error::ServerUnreachable, unreachableText()};
+        return {QSqlQuery(db), Error::ServerUnreachable, unreachableText(), QString()};
     if (repeat == Repeat::Never)
-        return {QSqlQuery(db), Error::ServerUnreachable, interruptedText()};
+        return {QSqlQuery(db), Error::ServerUnreachable, interruptedText(), QString()};
     QSqlQuery again(db);
     again.setForwardOnly(forwardOnly);
     if (RunStatement(again, sql))
-        return {std::move(again), 0, QString()};
-    return {QSqlQuery(db), Error::DatabaseFailure, again.lastError().text()};
+        return {std::move(again), 0, QString(), QString()};
+    return {QSqlQuery(db), Error::DatabaseFailure, again.lastError().text(), again.lastError().nativeErrorCode()};
 }
 
 QSqlDatabase CurrentConnection()
@@ -281,15 +359,29 @@ qint64 Execute(const QString &sql, const QSqlDatabase &db)
     const LibraryStatement run = RunLibraryStatement(db, DriverSql(db, sql), Repeat::Never);
     if (run.number != 0)
         throw Error(run.number, run.errorText);
-    return run.query.numRowsAffected();
+    const qint64 rows = run.query.numRowsAffected();
+    if (rows != 0 || !countsChangedRowsOnly(db))
+        return rows;
+    return matchedRows(sql, db);
 }
 
 bool InsertUnlessPresent(const QString &sql, const QSqlDatabase &db)
 {
-    const auto engine = db.driver() ? db.driver()->dbmsType() : QSqlDriver::UnknownDbms;
-    if (engine != QSqlDriver::SQLite && engine != QSqlDriver::PostgreSQL)
+    switch (db.driver() ? db.driver()->dbmsType() : QSqlDriver::UnknownDbms) {
+    case QSqlDriver::SQLite:
+    case QSqlDriver::PostgreSQL:
+        return Execute(sql + QStringLiteral(" ON CONFLICT DO NOTHING"), db) > 0;
+    case QSqlDriver::MySqlServer: {
+        // Its INSERT IGNORE would let other faults pass too (a text cut short):
+        // only a duplicate key (1062) means the row is there.
+        const LibraryStatement run = RunLibraryStatement(db, DriverSql(db, sql), Repeat::Never);
+        if (run.number != 0 && run.nativeErrorCode != QLatin1String("1062"))
+            throw Error(run.number, run.errorText);
+        return run.number == 0 && run.query.numRowsAffected() > 0;
+    }
+    default:
         return Execute(sql, db) > 0;
-    return Execute(sql + QStringLiteral(" ON CONFLICT DO NOTHING"), db) > 0;
+    }
 }
 
 bool RunStatement(QSqlQuery &query, const QString &sql)

@@ -68,6 +68,7 @@ struct LibraryStatement {
     QSqlQuery query;
     qint32 number = 0;
     QString errorText;
+    QString nativeErrorCode;   // the engine's own code of the failure
 };
 enum class Repeat { Read, Never };
 LibraryStatement RunLibraryStatement(QSqlDatabase db, const QString &sql, Repeat repeat, bool forwardOnly = false);

@@ -26,6 +26,7 @@ QString folderFor(const QSqlDatabase &db)
     switch (db.driver() ? db.driver()->dbmsType() : QSqlDriver::UnknownDbms) {
     case QSqlDriver::SQLite: return QStringLiteral(":/zolt/schema/sqlite/");
     case QSqlDriver::PostgreSQL: return QStringLiteral(":/zolt/schema/postgresql/");
+    case QSqlDriver::MySqlServer: return QStringLiteral(":/zolt/schema/mariadb/");
     default: throw Error(Error::DatabaseFailure, QStringLiteral("ZOLT has no tables for the engine of ") + db.driverName());
     }
 }

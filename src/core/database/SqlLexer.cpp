@@ -37,10 +37,10 @@ SqlPiece pieceAt(const QString &sql, qsizetype i)
             ++end;
         return end;
     };
-    if (c == u'\'' || c == u'"') {
+    if (c == u'\'' || c == u'"' || c == u'`') {
         const qsizetype end = quoteEnd(sql, i);
-        if (c == u'"')
-            return {SqlPieceKind::DoubleQuoted, i, end < 0 ? sql.size() : end};
+        if (c != u'\'')
+            return {c == u'"' ? SqlPieceKind::DoubleQuoted : SqlPieceKind::BackQuoted, i, end < 0 ? sql.size() : end};
         return end < 0 ? SqlPiece{SqlPieceKind::Unclosed, i, sql.size()} : SqlPiece{SqlPieceKind::Quoted, i, end};
     }
     if (c == u'[') {

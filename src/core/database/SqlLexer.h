@@ -4,7 +4,7 @@
 // The one reading of a statement in the library's dialect, the original
 // engine's: text between apostrophes (a doubled apostrophe stays inside),
 // text between double quotes, [bracketed] names, #m/d/y# dates, names,
-// blanks and symbols. Both the rewrite for an engine (DriverSql) and the
+// blanks and symbols; and names between backticks, as MySQL quotes them. Both the rewrite for an engine (DriverSql) and the
 // rewrite of a clerk's comparisons read statements through it, so that they
 // always agree on where typed text begins and ends.
 
@@ -18,6 +18,7 @@ enum class SqlPieceKind {
     Quoted,        // '…', closed
     Unclosed,      // an apostrophe whose text runs to the end
     DoubleQuoted,  // "…", closed or to the end
+    BackQuoted,    // `…`, a MySQL name, closed or to the end
     Bracketed,     // […], closed
     Date,          // #…# holding a date's or time's digits and separators
     Name,          // letters, digits, _ . $

@@ -97,10 +97,14 @@ TEST_P(DatabaseTest, FailuresCarryTheDatabaseNumberAndMessage)
         EXPECT_EQ(e.number(), Error::DatabaseFailure);
         EXPECT_TRUE(e.description().contains(u"missing"_s, Qt::CaseInsensitive));
     }
-    if (!db.traced()) {   // a server that went down
+    if (!db.traced()) {   // a server that went down: the read runs again on the connection opened again
         db.dropConnection();
-        EXPECT_EQ(rs.Open(u"Select * From Sales"_s), Error::DatabaseFailure);
-        EXPECT_EQ(errorNumberOf([] { Execute(u"Delete From Sales"_s); }), Error::DatabaseFailure);
+        if (db.engine() == test::Engine::MariaDB) {
+            EXPECT_EQ(rs.Open(u"Select * From Sales"_s), 0);
+        } else {   // where the test's own schema is no longer on the search path
+            EXPECT_EQ(rs.Open(u"Select * From Sales"_s), Error::DatabaseFailure);
+            EXPECT_EQ(errorNumberOf([] { Execute(u"Delete From Sales"_s); }), Error::DatabaseFailure);
+        }
     }
     db.db().close();
     EXPECT_EQ(rs.Open(u"Select 1"_s), Error::DatabaseFailure);
@@ -109,8 +113,12 @@ TEST_P(DatabaseTest, FailuresCarryTheDatabaseNumberAndMessage)
 
 TEST_P(DatabaseTest, ABackslashEndingATextNeverEndsItsLiteral)
 {
-    for (const char *escapes : {"on", "off"}) {   // PostgreSQL reads backslash escapes with it off
-        if (db.engine() != test::Engine::SQLite)
+    // PostgreSQL reads backslash escapes with standard_conforming_strings off,
+    // MariaDB without NO_BACKSLASH_ESCAPES in its sql_mode.
+    for (const char *escapes : {"on", "off"}) {
+        if (db.engine() == test::Engine::MariaDB)
+            db.exec(u"SET SESSION sql_mode = "_s + (qstrcmp(escapes, "on") == 0 ? u"'NO_BACKSLASH_ESCAPES'"_s : u"''"_s));
+        else if (db.engine() != test::Engine::SQLite)
             db.exec(u"SET standard_conforming_strings = "_s + QLatin1String(escapes));
         Execute(u"Update Sales Set Note='C:\\' Where Code=1 Or [Name]='x\\'"_s);
         EXPECT_EQ(db.scalar(u"Select Note From Sales Where Code=1"_s).toString(), u"C:\\"_s) << escapes;
@@ -134,7 +142,8 @@ TEST_P(DatabaseTest, ClerkConditionsFollowOneRuleOnEveryEngine)
     const auto found = [&](const QString &condition) {
         QStringList names;
         QSqlQuery query(db.db());
-        EXPECT_TRUE(query.exec(u"Select Ten From Hang Where "_s + ConditionSql(db.db(), condition) + u" Order By Ten"_s))
+        EXPECT_TRUE(query.exec(DriverSql(db.db(), u"Select Ten From Hang Where "_s) + ConditionSql(db.db(), condition)
+                               + u" Order By Ten"_s))
             << ConditionSql(db.db(), condition).toStdString() << query.lastError().text().toStdString();
         while (query.next())
             names << query.value(0).toString().normalized(QString::NormalizationForm_C);
@@ -173,5 +182,8 @@ TEST_P(DatabaseTest, TheCategoryZoltSqlTellsEveryStatementAsTheEngineReceivedIt)
     QLoggingCategory::setFilterRules(QString());
     Execute(statement);
     qInstallMessageHandler(previous);
-    EXPECT_EQ(told, QStringList{DriverSql(db.db(), statement)});
+    QStringList expected{DriverSql(db.db(), statement)};
+    if (db.engine() == test::Engine::MariaDB)   // the row already held its values: its match is counted
+        expected << DriverSql(db.db(), u"SELECT COUNT(*) FROM Sales WHERE  [Name]='Trà'"_s);
+    EXPECT_EQ(told, expected);
 }

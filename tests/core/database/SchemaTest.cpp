@@ -54,12 +54,21 @@ TEST_P(SchemaTest, CreatingAndSeedingTwiceChangesNothingTheSecondTime)
     EXPECT_EQ(db.scalar(u"Select [Password] From [User] Where [Name]='quantri'"_s).toInt(), 1065);   // the digest of "123"
 }
 
+// MariaDB commits each change of a table at once: there a failure keeps the
+// tables made, without their version, and the next run finishes the work.
 TEST_P(SchemaTest, AFailureLeavesTheDatabaseAsItWas)
 {
     // Settings that cannot be written: the version is the last thing written.
     db.exec(u"Create View Options As Select Distinct 'x' As Section, 'y' As KeyName, 'z' As KeyValue, 'w' As Description"_s);
     EXPECT_EQ(test::errorNumberOf([&] { CreateTables(db.db()); }), Error::DatabaseFailure);
-    EXPECT_EQ(counts(), ",,,,1,,");
+    if (db.engine() == test::Engine::MariaDB) {
+        EXPECT_EQ(counts(), "0,0,0,0,1,0,0");
+        db.exec(u"Drop View Options"_s);
+        EXPECT_EQ(CreateTables(db.db()), QStringList());
+        EXPECT_EQ(TablesVersion(db.db()), SchemaVersion);
+    } else {
+        EXPECT_EQ(counts(), ",,,,1,,");
+    }
     EXPECT_EQ(test::errorNumberOf([] { CreateTables(QSqlDatabase()); }), Error::TypeMismatch);
 }
 

@@ -52,7 +52,7 @@ protected:
     qint64 matched(const QString &condition) const
     {
         QSqlQuery query(db.db());
-        return query.exec(u"Select Count(*) From NhanVien Where "_s + condition) && query.next()
+        return query.exec(DriverSql(db.db(), u"Select Count(*) From NhanVien Where "_s) + condition) && query.next()
                    ? query.value(0).toLongLong() : 0;
     }
     test::TempDatabase db{GetParam()};
@@ -287,7 +287,8 @@ TEST_P(FrmFindTest, TypedValuesNeverMatchMoreThanTheyMean)
                 test::click(form, "CmdOK");
             });
             QSqlQuery meant(db.db());   // the rows the text stands for, asked with bound values
-            meant.prepare(u"Select Count(*) From NhanVien Where "_s + (op ? u"Ten = ?"_s : u"substr(Ten, 1, length(?)) = ?"_s));
+            meant.prepare(DriverSql(db.db(), u"Select Count(*) From NhanVien Where "_s)
+                          + (op ? u"Ten = ?"_s : u"substr(Ten, 1, length(?)) = ?"_s));
             meant.addBindValue(text);
             if (!op)
                 meant.addBindValue(text);
