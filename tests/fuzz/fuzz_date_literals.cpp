@@ -10,12 +10,18 @@ using namespace zolt;
 
 namespace {
 
-// The quoted texts of a statement, in order.
+// The quoted texts of a statement, in order. A [bracketed] or `quoted` name
+// is a name whatever it holds, an apostrophe too.
 QStringList quoted(const QString &sql)
 {
     QStringList found;
     for (qsizetype i = 0; i < sql.size(); ++i) {
         const QChar q = sql[i];
+        if (q == u'`' || (q == u'[' && sql.indexOf(u']', i + 1) > 0)) {
+            const qsizetype close = sql.indexOf(q == u'`' ? u'`' : u']', i + 1);
+            i = close < 0 ? sql.size() : close;
+            continue;
+        }
         if (q != u'\'' && q != u'"')
             continue;
         qsizetype end = i + 1;
