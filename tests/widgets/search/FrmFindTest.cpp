@@ -276,25 +276,37 @@ TEST_P(FrmFindTest, F2OnACodeOfTheListOpensTheWholeListOnItsRow)
     }), "(Phong  =  'KT')");
 }
 
+// The condition, made ready for the engine as a host makes it, never finds
+// more than the typed text stands for; on MariaDB in both its ways of reading
+// a backslash in quoted text.
 TEST_P(FrmFindTest, TypedValuesNeverMatchMoreThanTheyMean)
 {
     const QString hostile[] = {u"x'y"_s, u"' Or '1'='1"_s, u"Binh') Or ('1'='1"_s, u"1; Delete From NhanVien"_s,
-                               u"Binh' --"_s, u"/* Binh"_s, u"\"Binh\""_s, QString(300, u'(')};
-    for (const QString &text : hostile) {
-        for (int op : {0, 1}) {   // LIKE, =
-            const QString condition = find([&](QWidget *form) {
-                fillRow(form, 0, 0, op, text);
-                test::click(form, "CmdOK");
-            });
-            QSqlQuery meant(db.db());   // the rows the text stands for, asked with bound values
-            meant.prepare(DriverSql(db.db(), u"Select Count(*) From NhanVien Where "_s)
-                          + (op ? u"Ten = ?"_s : u"substr(Ten, 1, length(?)) = ?"_s));
-            meant.addBindValue(text);
-            if (!op)
+                               u"Binh' --"_s, u"/* Binh"_s, u"\"Binh\""_s, QString(300, u'('), u"Binh\\' Or '1'='1"_s,
+                               u"\\"_s, u"Binh\\"_s,
+                               u"x\\') Or 1=1 -- "_s, u"x\\') Or 1=1 #"_s};
+    const QStringList modes = db.engine() == test::Engine::MariaDB ? QStringList{u"''"_s, u"'NO_BACKSLASH_ESCAPES'"_s}
+                                                                   : QStringList{QString()};
+    for (const QString &mode : modes) {
+        if (!mode.isEmpty())
+            db.exec(u"SET SESSION sql_mode = "_s + mode);
+        for (const QString &text : hostile) {
+            for (int op : {0, 1}) {   // LIKE, =
+                const QString condition = find([&](QWidget *form) {
+                    fillRow(form, 0, 0, op, text);
+                    test::click(form, "CmdOK");
+                });
+                QSqlQuery meant(db.db());   // the rows the text stands for, asked with bound values
+                meant.prepare(DriverSql(db.db(), u"Select Count(*) From NhanVien Where "_s)
+                              + (op ? u"Ten = ?"_s : u"substr(Ten, 1, length(?)) = ?"_s));
                 meant.addBindValue(text);
-            ASSERT_TRUE(meant.exec() && meant.next());
-            EXPECT_LE(matched(condition), meant.value(0).toLongLong()) << condition.left(80).toStdString();
-            EXPECT_LE(matched(ConditionSql(db.db(), condition)), meant.value(0).toLongLong()) << condition.left(80).toStdString();
+                if (!op)
+                    meant.addBindValue(text);
+                ASSERT_TRUE(meant.exec() && meant.next());
+                const qint64 most = meant.value(0).toLongLong();
+                EXPECT_LE(matched(DriverSql(db.db(), condition)), most) << mode.toStdString() << condition.left(80).toStdString();
+                EXPECT_LE(matched(ConditionSql(db.db(), condition)), most) << mode.toStdString() << condition.left(80).toStdString();
+            }
         }
     }
     EXPECT_EQ(db.scalar(u"Select Count(*) From NhanVien"_s).toInt(), 4);
