@@ -34,7 +34,7 @@ serve() {
     as_owner /usr/sbin/mariadbd --no-defaults --datadir="$real/data" --socket="$real/mysqld.sock" \
         --pid-file="$real/mysqld.pid" --log-error="$real/server.log" --skip-networking \
         --character-set-server=utf8mb4 --collation-server=utf8mb4_uca1400_as_ci \
-        --innodb-flush-log-at-trx-commit=0 --innodb-buffer-pool-size=64M --max-connections=200 \
+        --innodb-flush-log-at-trx-commit=2 --innodb-buffer-pool-size=64M --max-connections=200 \
         > /dev/null 2>&1 &
     for _ in $(seq 300); do
         [ -S "$real/mysqld.sock" ] && mariadb --no-defaults -S "$real/mysqld.sock" -u root -e "SELECT 1" > /dev/null 2>&1 && return 0

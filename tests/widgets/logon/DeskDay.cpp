@@ -2,6 +2,7 @@
 // One desk's working day, through the library's own dialogs, for the test
 // that runs several desks at once on one database:
 //   desk_day QPSQL SERVER_FOLDER SCHEMA DESK DESKS ROUNDS MARKERS [LOGIN@DATABASE]
+//   desk_day QMYSQL SERVER_FOLDER DATABASE DESK DESKS ROUNDS MARKERS
 //   desk_day QSQLITE FILE - DESK DESKS ROUNDS MARKERS
 // With LOGIN@DATABASE the desk connects to that database as that login of a
 // locked server's desk role, and logs on as the administrator "admin" first.
@@ -295,6 +296,9 @@ int main(int argc, char **argv)
         }
         // In the connect options, so that the schema stays when the connection is opened again.
         db.setConnectOptions(QStringLiteral("options=-csearch_path=%1,public").arg(args[3]));
+    } else if (args[1] == QLatin1String("QMYSQL")) {
+        db = test::addServerDatabase(args[1], QStringLiteral("desk"), args[2]);
+        db.setDatabaseName(args[3]);
     } else {
         db = QSqlDatabase::addDatabase(args[1], QStringLiteral("desk"));
         db.setDatabaseName(args[2]);
@@ -307,7 +311,7 @@ int main(int argc, char **argv)
     answerMessagesAsTheyShow();
     Desk desk{args[4].toInt(), args[5].toInt(), args[7]};
     const int rounds = args[6].toInt();
-    const bool restart = args[1] == QLatin1String("QPSQL");
+    const bool restart = args[1] != QLatin1String("QSQLITE");
     for (int r = 0; r < rounds; ++r)
         desk.round(r, restart && r == rounds / 2);
     return 0;

@@ -139,15 +139,21 @@ Outcomes finishDesks(const std::vector<std::unique_ptr<QProcess>> &desks)
     return day;
 }
 
-void server(const QString &action, const QString &folder)
+// The script that runs a server of the driver's engine in a folder of its own.
+QString clusterOf(const QString &driver)
 {
-    EXPECT_EQ(QProcess::execute(u"bash"_s, {QStringLiteral(ZOLT_PG_CLUSTER), action, folder}), 0);
+    return driver == u"QMYSQL"_s ? QStringLiteral(ZOLT_MARIADB_CLUSTER) : QStringLiteral(ZOLT_PG_CLUSTER);
 }
 
-void restartServer(const QString &folder)
+void server(const QString &driver, const QString &action, const QString &folder)
+{
+    EXPECT_EQ(QProcess::execute(u"bash"_s, {clusterOf(driver), action, folder}), 0);
+}
+
+void restartServer(const QString &driver, const QString &folder)
 {
     // Down long enough for every desk to meet it.
-    EXPECT_EQ(QProcess::execute(u"bash"_s, {QStringLiteral(ZOLT_PG_CLUSTER), u"restart"_s, folder, u"1.5"_s}), 0);
+    EXPECT_EQ(QProcess::execute(u"bash"_s, {clusterOf(driver), u"restart"_s, folder, u"1.5"_s}), 0);
 }
 
 } // namespace
@@ -155,13 +161,13 @@ void restartServer(const QString &folder)
 // A server of the test's own, started and stopped with it.
 class ServerTest : public ::testing::TestWithParam<const char *> {
 protected:
-    void SetUp() override { server(u"start"_s, folder); }
-    void TearDown() override { server(u"stop"_s, folder); }
+    void SetUp() override { server(QLatin1String(GetParam()), u"start"_s, folder); }
+    void TearDown() override { server(QLatin1String(GetParam()), u"stop"_s, folder); }
     QTemporaryDir work;
     const QString folder = work.filePath(u"server"_s);
 };
 
-INSTANTIATE_TEST_SUITE_P(Drivers, ServerTest, ::testing::Values("QPSQL", "QODBC"));
+INSTANTIATE_TEST_SUITE_P(Drivers, ServerTest, ::testing::Values("QPSQL", "QODBC", "QMYSQL"));
 
 // The rights dialog of group 2 opened while the server is away: what the clerk was told.
 QStringList openRights()
@@ -203,18 +209,18 @@ TEST_P(ServerTest, AfterARestartTheNextCallWorksAndTheOutageIsTold)
         prepare(db);
         EXPECT_EQ(WriteOption(u"Kho"_s, u"cũ"_s, u"a"_s, QString(), 0), 0);
 
-        server(u"halt"_s, folder);
+        server(QLatin1String(GetParam()), u"halt"_s, folder);
         EXPECT_EQ(ReadOption(u"Kho"_s, u"cũ"_s, u"?"_s), u"?"_s);
         EXPECT_EQ(openRights(), QStringList{u"Lỗi kết nối|Không kết nối được với máy chủ cơ sở dữ liệu. Hãy kiểm tra mạng hoặc "
                                             "máy chủ rồi thử lại."_s});
         EXPECT_NE(writeWhileAway(), 0);
 
-        server(u"serve"_s, folder);
+        server(QLatin1String(GetParam()), u"serve"_s, folder);
         EXPECT_EQ(ReadOption(u"Kho"_s, u"cũ"_s, u"?"_s), u"a"_s);   // the first call after the restart
         EXPECT_EQ(WriteOption(u"Kho"_s, u"mới"_s, u"1"_s, QString(), 0), 0);
 
         // A write that meets the restart first is reported, never run twice; the next one works.
-        server(u"restart"_s, folder);
+        server(QLatin1String(GetParam()), u"restart"_s, folder);
         EXPECT_THROW(Execute(u"Update Options Set KeyValue='b' Where KeyName='cũ'"_s), Error);
         EXPECT_EQ(Execute(u"Update Options Set KeyValue='b' Where KeyName='cũ'"_s), 1);
     }
@@ -222,32 +228,45 @@ TEST_P(ServerTest, AfterARestartTheNextCallWorksAndTheOutageIsTold)
 }
 
 // Four desks (twenty with ZOLT_LONG_TRIALS) on a server of the test's own,
-// restarted halfway (and every few seconds after, in the long run); open, or
-// locked with the desks connected as a login of the desk role.
-class SeveralDesks : public ::testing::TestWithParam<bool> {};
-INSTANTIATE_TEST_SUITE_P(Server, SeveralDesks, ::testing::Values(false, true),
-                         [](const auto &info) { return info.param ? "Locked" : "Open"; });
+// restarted halfway (and every few seconds after, in the long run):
+// PostgreSQL open, PostgreSQL locked with the desks connected as a login of
+// the desk role, and MariaDB.
+enum class DayServer { Open, Locked, MariaDB };
+class SeveralDesks : public ::testing::TestWithParam<DayServer> {};
+INSTANTIATE_TEST_SUITE_P(Server, SeveralDesks, ::testing::Values(DayServer::Open, DayServer::Locked, DayServer::MariaDB),
+                         [](const auto &info) {
+                             return info.param == DayServer::Open ? "Open" : info.param == DayServer::Locked ? "Locked" : "MariaDB";
+                         });
 
 TEST_P(SeveralDesks, AWorkingDayOnOneServerWithARestartLosesNothing)
 {
     QTemporaryDir work;
     const QString folder = work.filePath(u"server"_s), markers = work.path();
-    ASSERT_EQ(QProcess::execute(u"bash"_s, {QStringLiteral(ZOLT_PG_CLUSTER), u"start"_s, folder}), 0);
+    const QString driver = GetParam() == DayServer::MariaDB ? u"QMYSQL"_s : u"QPSQL"_s;
+    server(driver, u"start"_s, folder);
     const int desks = test::trials(4, 20), rounds = test::trials(6, 30);
     {
         std::unique_ptr<test::LockedShop> shop;
         QSqlDatabase db;
         QString schema = u"day"_s;
         QStringList login;
-        if (GetParam()) {
+        if (GetParam() == DayServer::Locked) {
             shop = std::make_unique<test::LockedShop>(folder);
             db = shop->owner();
             prepare(db);
             ASSERT_EQ(shop->lock(), 0) << shop->said().toStdString();
             schema = u"public"_s;
             login << shop->deskLogin() + u'@' + shop->database();
+        } else if (GetParam() == DayServer::MariaDB) {
+            db = test::addServerDatabase(driver, u"day"_s, folder);
+            ASSERT_TRUE(db.open());
+            run(db, u"Create Database day"_s);
+            db.close();
+            db.setDatabaseName(u"day"_s);
+            ASSERT_TRUE(db.open());
+            prepare(db);
         } else {
-            db = test::addServerDatabase(u"QPSQL"_s, u"day"_s, folder);
+            db = test::addServerDatabase(driver, u"day"_s, folder);
             db.setConnectOptions(u"options=-csearch_path=day,public"_s);
             ASSERT_TRUE(db.open());
             run(db, u"Create Schema day"_s);
@@ -256,23 +275,23 @@ TEST_P(SeveralDesks, AWorkingDayOnOneServerWithARestartLosesNothing)
 
         std::vector<std::unique_ptr<QProcess>> running;
         for (int desk = 0; desk < desks; ++desk)
-            running.push_back(startDesk(QStringList{u"QPSQL"_s, folder, schema, QString::number(desk), QString::number(desks),
+            running.push_back(startDesk(QStringList{driver, folder, schema, QString::number(desk), QString::number(desks),
                                                     QString::number(rounds), markers} + login));
         for (int desk = 0; desk < desks; ++desk) {
             while (!QFile::exists(markers + u"/half.%1"_s.arg(desk)) && running[desk]->state() == QProcess::Running)
                 QThread::msleep(20);
         }
-        server(u"halt"_s, folder);   // the desks go on while it is down
+        server(driver, u"halt"_s, folder);   // the desks go on while it is down
         QFile(markers + u"/restarting"_s).open(QIODevice::WriteOnly);
         QThread::msleep(1500);
-        server(u"serve"_s, folder);
+        server(driver, u"serve"_s, folder);
         QFile(markers + u"/up"_s).open(QIODevice::WriteOnly);
         // Still at work three seconds on: restarted again.
         const auto atWork = [](const auto &desk) { return desk->state() != QProcess::NotRunning && !desk->waitForFinished(3000); };
         int restarts = 1;
         for (; qgetenv("ZOLT_LONG_TRIALS") == "1" && std::any_of(running.begin(), running.end(), atWork); ++restarts) {
             QFile::remove(markers + u"/up"_s);
-            restartServer(folder);
+            restartServer(driver, folder);
             QFile(markers + u"/up"_s).open(QIODevice::WriteOnly);
         }
         std::printf("restarts %d\n", restarts);
@@ -283,7 +302,7 @@ TEST_P(SeveralDesks, AWorkingDayOnOneServerWithARestartLosesNothing)
         EXPECT_GT(day.with(u"told"_s).filter(u"máy chủ"_s).size(), 0);   // the restart was felt, and told
     }
     QSqlDatabase::removeDatabase(u"day"_s);
-    QProcess::execute(u"bash"_s, {QStringLiteral(ZOLT_PG_CLUSTER), u"stop"_s, folder});
+    server(driver, u"stop"_s, folder);
 }
 
 // Two desks on one SQLite file, as on a shop's single machine.
