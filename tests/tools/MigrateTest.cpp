@@ -9,6 +9,7 @@
 #include "tools/LegacyShop.h"
 
 #include <zolt/DataCombo1.h>
+#include <zolt/DriverSql.h>
 #include <zolt/Tesmir.h>
 #include <zolt/clsLogon.h>
 
@@ -81,13 +82,15 @@ QSqlDatabase openSqlite(const QString &path, const QString &name)
     return db;
 }
 
-// A new database of its own on the suite's server, dropped at the end.
+// A new database of its own on one of the suite's servers (PostgreSQL or
+// MariaDB), dropped at the end.
 class ServerDatabase {
 public:
-    ServerDatabase()
-        : m_name(u"m"_s + QUuid::createUuid().toString(QUuid::Id128))
+    explicit ServerDatabase(test::Engine engine = test::Engine::PostgreSQL)
+        : m_engine(engine)
+        , m_name(u"m"_s + QUuid::createUuid().toString(QUuid::Id128))
     {
-        QSqlDatabase admin = test::addServerDatabase(u"QPSQL"_s, u"admin"_s, test::ServerFolder());
+        QSqlDatabase admin = connection(u"admin"_s);
         EXPECT_TRUE(admin.open() && QSqlQuery(admin).exec(u"CREATE DATABASE "_s + m_name)) << admin.lastError().text().toStdString();
     }
     ~ServerDatabase()
@@ -98,16 +101,27 @@ public:
         QSqlDatabase::database(u"admin"_s, false).close();
         QSqlDatabase::removeDatabase(u"admin"_s);
     }
-    QString url() const { return u"postgresql://zolt@localhost:55432/%1?host=%2"_s.arg(m_name, test::ServerFolder()); }
+    QString url() const
+    {
+        return m_engine == test::Engine::MariaDB ? u"mysql://zolt@localhost/%1?host=%2"_s.arg(m_name, test::MariaDbFolder())
+                                                 : u"postgresql://zolt@localhost:55432/%1?host=%2"_s.arg(m_name, test::ServerFolder());
+    }
     QSqlDatabase open() const
     {
-        QSqlDatabase db = test::addServerDatabase(u"QPSQL"_s, u"target"_s, test::ServerFolder());
+        QSqlDatabase db = connection(u"target"_s);
         db.setDatabaseName(m_name);
         EXPECT_TRUE(db.open());
         return db;
     }
 
 private:
+    QSqlDatabase connection(const QString &name) const
+    {
+        return m_engine == test::Engine::MariaDB ? test::addServerDatabase(u"QMYSQL"_s, name, test::MariaDbFolder())
+                                                 : test::addServerDatabase(u"QPSQL"_s, name, test::ServerFolder());
+    }
+
+    test::Engine m_engine;
     QString m_name;
 };
 
@@ -115,7 +129,7 @@ private:
 QStringList column(const QSqlDatabase &db, const QString &sql)
 {
     QStringList values;
-    QSqlQuery query(sql, db);
+    QSqlQuery query(DriverSql(db, sql), db);
     while (query.next())
         values << query.value(0).toString();
     return values;
@@ -134,7 +148,7 @@ void expectConvertedShop(const QSqlDatabase &db, int goods)
     EXPECT_EQ(column(db, u"Select Shelf From Goods Order By Code"_s), shelves);
     EXPECT_EQ(column(db, u"Select Name From Goods Order By Code"_s), names);
     EXPECT_EQ(column(db, u"Select Label From Goods Order By Code"_s), labels);
-    QSqlQuery pictures(u"Select Picture From Goods Order By Code Limit 1"_s, db);
+    QSqlQuery pictures(DriverSql(db, u"Select Picture From Goods Order By Code Limit 1"_s), db);
     ASSERT_TRUE(pictures.next());
     QByteArray picture(64, '\0');
     QRandomGenerator(0).fillRange(reinterpret_cast<quint32 *>(picture.data()), 16);
@@ -146,7 +160,7 @@ void expectConvertedShop(const QSqlDatabase &db, int goods)
     }
     EXPECT_EQ(column(db, u"Select Name From Customers Order By Id"_s), customers);
     EXPECT_EQ(column(db, u"Select Note From Customers Order By Id"_s), notes);
-    EXPECT_EQ(column(db, u"Select Name From \"%1\" Order By Code"_s.arg(db.driverName() == u"QPSQL"_s ? u"user"_s : u"User"_s)),
+    EXPECT_EQ(column(db, u"Select Name From [User] Order By Code"_s),
               QStringList({u"Quản trị"_s, u"Nguyễn Văn Bình"_s}));
     const QStringList font = column(db, u"Select KeyValue From Options Where KeyName='DefaultFont'"_s);
     ASSERT_EQ(font.size(), 1);
@@ -252,9 +266,13 @@ TEST_F(MigrateTest, AConversionIntoANewFileGivesUnicodeThatTheDialogsRead)
     EXPECT_EQ(migrate({u"convert"_s, source, target}).exit, 4);
 }
 
-TEST_F(MigrateTest, AConversionIntoPostgreSqlGivesTheSameAndChecksEveryTable)
+class MigrateIntoServer : public MigrateTest, public ::testing::WithParamInterface<test::Engine> {};
+INSTANTIATE_TEST_SUITE_P(Engines, MigrateIntoServer, ::testing::Values(test::Engine::PostgreSQL, test::Engine::MariaDB),
+                         test::EngineName);
+
+TEST_P(MigrateIntoServer, AConversionIntoAServerGivesTheSameAndChecksEveryTable)
 {
-    ServerDatabase server;
+    ServerDatabase server(GetParam());
     const Outcome run = migrate({u"convert"_s, source, server.url(), u"--encoding"_s, u"Customers.Note=tcvn3-ansi"_s});
     ASSERT_EQ(run.exit, 0) << run.err.toStdString() << run.out.toStdString();
     EXPECT_EQ(run.out.count(u"same"_s), 9) << run.out.toStdString();
@@ -369,6 +387,16 @@ QStringList describeSqlite(const QSqlDatabase &db, const QString &table)
     return out;
 }
 
+QStringList describeMariaDb(const QSqlDatabase &db, const QString &table)
+{
+    QStringList out;
+    QSqlQuery columns(u"SELECT column_name, column_type FROM information_schema.columns WHERE table_schema = database() "
+                      "AND table_name = '%1' ORDER BY ordinal_position"_s.arg(table), db);
+    while (columns.next())
+        out << columns.value(0).toString() + u' ' + columns.value(1).toString();
+    return out;
+}
+
 QStringList describePostgreSql(const QSqlDatabase &db, const QString &table)
 {
     QStringList out;
@@ -386,9 +414,10 @@ QStringList describePostgreSql(const QSqlDatabase &db, const QString &table)
 
 } // namespace
 
-// The shop's Access file in one command, into SQLite and into PostgreSQL:
-// every table and row, each type exact, keys and indexes made, names kept.
-TEST(MigrateAccess, AnAccessFileConvertsIntoSqliteAndPostgreSql)
+// The shop's Access file in one command, into SQLite, PostgreSQL and
+// MariaDB: every table and row, each type exact, keys and indexes made,
+// names kept.
+TEST(MigrateAccess, AnAccessFileConvertsIntoEveryEngine)
 {
     QTemporaryDir dir;
     const QString sqlite = dir.filePath(u"shop.db"_s);
@@ -406,22 +435,39 @@ TEST(MigrateAccess, AnAccessFileConvertsIntoSqliteAndPostgreSql)
     }
     QSqlDatabase::removeDatabase(u"target"_s);
 
-    ServerDatabase server;
-    const Outcome pg = migrate({u"convert"_s, accessFile("test2V2003.mdb"), server.url()});
-    ASSERT_EQ(pg.exit, 0) << pg.err.toStdString() << pg.out.toStdString();
-    QSqlDatabase db = server.open();
-    const QStringList columns = describePostgreSql(db, u"msp_projects"_s);
-    EXPECT_TRUE(columns.contains(u"proj_prop_author citext"_s)) << columns.join(u", ").toStdString();   // a memo
-    EXPECT_TRUE(columns.contains(u"reserved_binary_data bytea"_s));
-    EXPECT_TRUE(columns.contains(u"proj_info_current_date timestamp without time zone"_s));
-    EXPECT_TRUE(columns.contains(u"proj_opt_honor_constraints boolean"_s));
-    QSqlQuery row(u"SELECT length(proj_prop_author), length(reserved_binary_data), proj_info_current_date, "
-                  "proj_opt_currency_symbol FROM msp_projects"_s, db);
-    ASSERT_TRUE(row.next());
-    EXPECT_EQ(row.value(0).toInt(), 348);
-    EXPECT_EQ(row.value(1).toInt(), 22970);
-    EXPECT_EQ(row.value(2).toDateTime(), QDateTime(QDate(2006, 2, 3), QTime(8, 0)));
-    EXPECT_EQ(row.value(3).toString(), u"£"_s);
+    {
+        ServerDatabase server;
+        const Outcome pg = migrate({u"convert"_s, accessFile("test2V2003.mdb"), server.url()});
+        ASSERT_EQ(pg.exit, 0) << pg.err.toStdString() << pg.out.toStdString();
+        QSqlDatabase db = server.open();
+        const QStringList columns = describePostgreSql(db, u"msp_projects"_s);
+        EXPECT_TRUE(columns.contains(u"proj_prop_author citext"_s)) << columns.join(u", ").toStdString();   // a memo
+        EXPECT_TRUE(columns.contains(u"reserved_binary_data bytea"_s));
+        EXPECT_TRUE(columns.contains(u"proj_info_current_date timestamp without time zone"_s));
+        EXPECT_TRUE(columns.contains(u"proj_opt_honor_constraints boolean"_s));
+        QSqlQuery row(u"SELECT length(proj_prop_author), length(reserved_binary_data), proj_info_current_date, "
+                      "proj_opt_currency_symbol FROM msp_projects"_s, db);
+        ASSERT_TRUE(row.next());
+        EXPECT_EQ(row.value(0).toInt(), 348);
+        EXPECT_EQ(row.value(1).toInt(), 22970);
+        EXPECT_EQ(row.value(2).toDateTime(), QDateTime(QDate(2006, 2, 3), QTime(8, 0)));
+        EXPECT_EQ(row.value(3).toString(), u"£"_s);
+    }
+    ServerDatabase mariaDb(test::Engine::MariaDB);
+    const Outcome maria = migrate({u"convert"_s, accessFile("test2V2003.mdb"), mariaDb.url()});
+    ASSERT_EQ(maria.exit, 0) << maria.err.toStdString() << maria.out.toStdString();
+    QSqlDatabase target = mariaDb.open();
+    const QStringList made = describeMariaDb(target, u"msp_projects"_s);
+    for (const QString &expected : {u"proj_prop_author longtext"_s, u"reserved_binary_data longblob"_s,
+                                    u"proj_info_current_date datetime"_s, u"proj_opt_honor_constraints tinyint(1)"_s})
+        EXPECT_TRUE(made.contains(expected)) << expected.toStdString() << ": " << made.join(u", ").toStdString();
+    QSqlQuery same(u"SELECT char_length(proj_prop_author), length(reserved_binary_data), proj_info_current_date, "
+                   "proj_opt_currency_symbol FROM msp_projects"_s, target);
+    ASSERT_TRUE(same.next());
+    EXPECT_EQ(same.value(0).toInt(), 348);
+    EXPECT_EQ(same.value(1).toInt(), 22970);
+    EXPECT_EQ(same.value(2).toDateTime(), QDateTime(QDate(2006, 2, 3), QTime(8, 0)));
+    EXPECT_EQ(same.value(3).toString(), u"£"_s);
 }
 
 TEST(MigrateAccess, DecimalsAndUnicodeKeepEveryDigitAndLetter)
@@ -433,11 +479,24 @@ TEST(MigrateAccess, DecimalsAndUnicodeKeepEveryDigitAndLetter)
         EXPECT_TRUE(describePostgreSql(db, u"test"_s).contains(u"col2 numeric(18,0)"_s));
         EXPECT_EQ(column(db, u"SELECT col2::text || ' ' || col5::text || ' ' || col6::text FROM test"_s), QStringList{u"1 4 -1"_s});
     }
-    ServerDatabase unicode;
+    {
+        ServerDatabase unicode;
+        ASSERT_EQ(migrate({u"convert"_s, accessFile("testUnicodeCompV2003.mdb"), unicode.url()}).exit, 0);
+        QSqlDatabase db = unicode.open();
+        EXPECT_EQ(column(db, u"SELECT \"unicode\" FROM \"table\" WHERE id=3"_s), QStringList{u"Мир"_s});
+        EXPECT_TRUE(describePostgreSql(db, u"table"_s).contains(u"index table_pkey"_s));
+    }
+    {
+        ServerDatabase server(test::Engine::MariaDB);
+        ASSERT_EQ(migrate({u"convert"_s, accessFile("fixedNumericTestV2003.mdb"), server.url()}).exit, 0);
+        QSqlDatabase db = server.open();
+        EXPECT_TRUE(describeMariaDb(db, u"test"_s).contains(u"col2 decimal(18,0)"_s)) << describeMariaDb(db, u"test"_s).join(u", ").toStdString();
+        EXPECT_EQ(column(db, u"SELECT CONCAT(col2, ' ', col5, ' ', col6) FROM [test]"_s), QStringList{u"1 4 -1"_s});
+    }
+    ServerDatabase unicode(test::Engine::MariaDB);
     ASSERT_EQ(migrate({u"convert"_s, accessFile("testUnicodeCompV2003.mdb"), unicode.url()}).exit, 0);
     QSqlDatabase db = unicode.open();
-    EXPECT_EQ(column(db, u"SELECT \"unicode\" FROM \"table\" WHERE id=3"_s), QStringList{u"Мир"_s});
-    EXPECT_TRUE(describePostgreSql(db, u"table"_s).contains(u"index table_pkey"_s));
+    EXPECT_EQ(column(db, u"SELECT [unicode] FROM [table] WHERE id=3"_s), QStringList{u"Мир"_s});
 }
 
 // A source that is no database, or a target that is none the tool can

@@ -82,6 +82,38 @@ QString unfitFile(const QString &path, FileKind kind, bool target)
     return {};
 }
 
+// MariaDB's types (the table's text is utf8mb4, compared as the library's
+// tables are): text a key or an index can hold up to 255 characters, longer
+// text and memos whole; dates and times without a time zone.
+QString mariaDbType(const QSqlField &field, bool asText, bool key)
+{
+    const bool shortText = key || (field.length() > 0 && field.length() <= 255);
+    const QString text = shortText ? QStringLiteral("VARCHAR(255)") : QStringLiteral("LONGTEXT");
+    if (asText)
+        return text;
+    switch (field.metaType().id()) {
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::Short:
+    case QMetaType::UShort:
+    case QMetaType::Char:
+    case QMetaType::UChar:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong: return QStringLiteral("BIGINT");
+    case QMetaType::Double:
+    case QMetaType::Float:
+        if (field.length() > 0 && field.precision() >= 0)
+            return QStringLiteral("DECIMAL(%1,%2)").arg(field.length()).arg(field.precision());
+        return QStringLiteral("DOUBLE");
+    case QMetaType::Bool: return QStringLiteral("BOOLEAN");
+    case QMetaType::QDate: return QStringLiteral("DATE");
+    case QMetaType::QTime: return QStringLiteral("TIME");
+    case QMetaType::QDateTime: return QStringLiteral("DATETIME");
+    case QMetaType::QByteArray: return QStringLiteral("LONGBLOB");
+    default: return text;
+    }
+}
+
 } // namespace
 
 bool OpenDatabase(const QString &address, const QString &connectionName, bool create, Database *out, QString *error,
@@ -94,6 +126,21 @@ bool OpenDatabase(const QString &address, const QString &connectionName, bool cr
         out->db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), connectionName);
         const QString socket = QUrlQuery(url).queryItemValue(QStringLiteral("host"));
         out->db.setHostName(socket.isEmpty() ? url.host() : socket);
+        if (url.port() > 0)
+            out->db.setPort(url.port());
+        out->db.setUserName(url.userName());
+        out->db.setPassword(url.password());
+        out->db.setDatabaseName(url.path().mid(1));
+        out->address = url.toString(QUrl::RemovePassword);
+    } else if (address.startsWith(QLatin1String("mysql://")) || address.startsWith(QLatin1String("mariadb://"))) {
+        const QUrl url(address);
+        out->engine = Engine::MariaDB;
+        out->db = QSqlDatabase::addDatabase(QStringLiteral("QMYSQL"), connectionName);
+        // A socket folder as ?host=/run/mysqld, as for PostgreSQL; the server's socket there is mysqld.sock.
+        const QString socket = QUrlQuery(url).queryItemValue(QStringLiteral("host"));
+        if (!socket.isEmpty())
+            out->db.setConnectOptions(QStringLiteral("UNIX_SOCKET=%1/mysqld.sock").arg(socket));
+        out->db.setHostName(url.host());
         if (url.port() > 0)
             out->db.setPort(url.port());
         out->db.setUserName(url.userName());
@@ -135,7 +182,7 @@ QString Quoted(const Database &d, const QString &name)
 
 QString MadeName(const Database &d, const QString &name)
 {
-    return d.engine == Engine::PostgreSQL ? name.toLower() : name;
+    return d.engine == Engine::PostgreSQL || d.engine == Engine::MariaDB ? name.toLower() : name;
 }
 
 QStringList DataTables(const Database &d)
@@ -187,8 +234,10 @@ bool IsLibraryTable(const QString &table)
     return library.contains(table, Qt::CaseInsensitive);
 }
 
-QString ColumnType(const Database &d, const QSqlField &field, bool asText)
+QString ColumnType(const Database &d, const QSqlField &field, bool asText, bool key)
 {
+    if (d.engine == Engine::MariaDB)
+        return mariaDbType(field, asText, key);
     const bool pg = d.engine != Engine::SQLite;
     // Text compares without regard to case, as the library's statements expect.
     const QString text = pg ? QStringLiteral("CITEXT") : QStringLiteral("TEXT COLLATE NOCASE");

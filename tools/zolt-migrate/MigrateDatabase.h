@@ -12,7 +12,7 @@
 
 namespace zolt::migrate {
 
-enum class Engine { SQLite, PostgreSQL, Odbc, Access };
+enum class Engine { SQLite, PostgreSQL, MariaDB, Odbc, Access };
 
 struct Database {
     mutable QSqlDatabase db;   // a handle: transactions on a const Database are fine
@@ -60,8 +60,9 @@ bool IsLibraryTable(const QString &table);
 // reports: a number with digits and decimal places (a currency) an exact
 // NUMERIC; text (and asText) becomes text that compares without regard to
 // case: COLLATE NOCASE on SQLite, citext on PostgreSQL (the extension that
-// the library's schema makes; CopyTables makes it where it is missing).
-QString ColumnType(const Database &d, const QSqlField &field, bool asText);
+// the library's schema makes; CopyTables makes it where it is missing), the
+// table's utf8mb4 collation on MariaDB, where a key's text (key) is VARCHAR.
+QString ColumnType(const Database &d, const QSqlField &field, bool asText, bool key = false);
 
 // The tool's journal of tables converted in place, and the prefix of the
 // backup copies of tables it makes on a server.

@@ -46,12 +46,13 @@ bool run(const Database &d, const QString &sql, QString *error)
 bool createTable(const Database &source, const Database &target, const TableReport &table, QString *error)
 {
     const QSqlRecord record = source.db.record(table.table);
+    const QSqlIndex key = source.db.primaryIndex(table.table);
     QStringList columns;
     for (int i = 0; i < record.count(); ++i) {
         columns << Quoted(target, MadeName(target, record.fieldName(i))) + u' '
-                       + ColumnType(target, record.field(i), becomesText(table, record.fieldName(i)));
+                       + ColumnType(target, record.field(i), becomesText(table, record.fieldName(i)),
+                                    key.contains(record.fieldName(i)));
     }
-    const QSqlIndex key = source.db.primaryIndex(table.table);
     if (!key.isEmpty()) {
         QStringList names;
         for (int i = 0; i < key.count(); ++i)
@@ -59,7 +60,10 @@ bool createTable(const Database &source, const Database &target, const TableRepo
         columns << QStringLiteral("PRIMARY KEY (%1)").arg(names.join(u','));
     }
     const QString made = Quoted(target, MadeName(target, table.table));
-    if (!run(target, QStringLiteral("CREATE TABLE %1 (%2)").arg(made, columns.join(u',')), error))
+    // MariaDB's text as the library's tables have it: utf8mb4, case-blind, marks and blanks counting.
+    const QString options = target.engine == Engine::MariaDB
+        ? QStringLiteral(" DEFAULT CHARSET = utf8mb4 COLLATE = utf8mb4_uca1400_nopad_as_ci") : QString();
+    if (!run(target, QStringLiteral("CREATE TABLE %1 (%2)%3").arg(made, columns.join(u','), options), error))
         return false;
     // Index names are the database's (PostgreSQL's the schema's): each takes its table's name first.
     for (const TableIndex &index : SecondaryIndexes(source, table.table)) {
