@@ -153,12 +153,12 @@ void MainWindow::showGoods(const QString &condition, const QString &words)
     // as a clerk expects.
     const QString where = condition.isEmpty() ? QString() : QStringLiteral(" WHERE ") + zolt::ConditionSql(m_db, condition);
     QSqlQuery count(m_db);
-    if (!count.exec(QStringLiteral("SELECT COUNT(*) FROM Hang") + where) || !count.next()) {
+    if (!count.exec(zolt::DriverSql(m_db, QStringLiteral("SELECT COUNT(*) FROM Hang")) + where) || !count.next()) {
         zolt::MessageBox::warning(this, QString(),
                                   tr("Không lọc được danh mục: %1").arg(count.lastError().text()));
         return;
     }
-    m_goods->setQuery(QStringLiteral("SELECT MaHang, TenHang, DonVi, GiaBan, NgayNhap FROM Hang") + where
+    m_goods->setQuery(zolt::DriverSql(m_db, QStringLiteral("SELECT MaHang, TenHang, DonVi, GiaBan, NgayNhap FROM Hang")) + where
                           + QStringLiteral(" ORDER BY MaHang"),
                       m_db);
     m_summary->setText(tr("Người sử dụng: %1   —   %2 mặt hàng")

@@ -102,13 +102,21 @@ QStringList catalogue(const test::TempDatabase &db)
 {
     const QStringList queries = db.engine() == test::Engine::SQLite
         ? QStringList{u"SELECT type, name, tbl_name, sql FROM sqlite_master WHERE name NOT LIKE 'sqlite_%' ORDER BY type, name"_s}
+        : db.engine() == test::Engine::MariaDB
+        ? QStringList{u"SELECT table_name, column_name, column_type, collation_name, column_default, ordinal_position "
+                      "FROM information_schema.columns WHERE table_schema = database() ORDER BY table_name, ordinal_position"_s,
+                      u"SELECT table_name, index_name, non_unique, column_name, seq_in_index FROM information_schema.statistics "
+                      "WHERE table_schema = database() ORDER BY table_name, index_name, seq_in_index"_s}
         : QStringList{u"SELECT table_name, column_name, data_type, column_default, ordinal_position FROM information_schema.columns"
                       " WHERE table_schema = current_schema() ORDER BY table_name, ordinal_position"_s,
                       u"SELECT tablename, indexname, indexdef FROM pg_indexes WHERE schemaname = current_schema() ORDER BY indexname"_s,
                       u"SELECT event_object_table, trigger_name, action_statement FROM information_schema.triggers"
                       " WHERE trigger_schema = current_schema() ORDER BY trigger_name"_s,
                       u"SELECT proname, prosrc FROM pg_proc WHERE pronamespace = current_schema()::regnamespace ORDER BY proname"_s};
-    const QString schema = db.scalar(db.engine() == test::Engine::SQLite ? u"Select 'main'"_s : u"Select current_schema()"_s).toString();
+    const QString schema = db.scalar(db.engine() == test::Engine::SQLite    ? u"Select 'main'"_s
+                                     : db.engine() == test::Engine::MariaDB ? u"Select database()"_s
+                                                                            : u"Select current_schema()"_s)
+                               .toString();
     QStringList rows;
     for (const QString &sql : queries) {
         QSqlQuery query(db.db());
@@ -140,7 +148,7 @@ void runScript(const test::TempDatabase &db, const QString &path)
 }
 
 class InstalledSchemaTest : public ::testing::TestWithParam<test::Engine> {};
-INSTANTIATE_TEST_SUITE_P(Engines, InstalledSchemaTest, ::testing::Values(test::Engine::SQLite, test::Engine::PostgreSQL),
+INSTANTIATE_TEST_SUITE_P(Engines, InstalledSchemaTest, ::testing::Values(test::Engine::SQLite, test::Engine::PostgreSQL, test::Engine::MariaDB),
                          test::EngineName);
 
 } // namespace
@@ -155,7 +163,9 @@ TEST_P(InstalledSchemaTest, GivesTheTablesCreateTablesGives)
     const QStringList expected = catalogue(created);
 
     test::TempDatabase scripted(GetParam());
-    runScript(scripted, QString::fromUtf8(GetParam() == test::Engine::SQLite ? ZOLT_SQLITE_SCHEMA : ZOLT_POSTGRESQL_SCHEMA));
+    runScript(scripted, QString::fromUtf8(GetParam() == test::Engine::SQLite    ? ZOLT_SQLITE_SCHEMA
+                                          : GetParam() == test::Engine::MariaDB ? ZOLT_MARIADB_SCHEMA
+                                                                                : ZOLT_POSTGRESQL_SCHEMA));
     EXPECT_EQ(catalogue(scripted), expected);
     EXPECT_EQ(TablesVersion(scripted.db()), SchemaVersion);
     EXPECT_EQ(CreateTables(scripted.db()), QStringList());
