@@ -3,7 +3,8 @@
 // engine reads it run with QSqlQuery: what adapting the statement and the
 // record set cost on top. The logon's query of 100,000 users, and the query
 // of the selection list on all of them. PostgreSQL and ODBC run on the
-// server that ./run bench starts (ZOLT_BENCH_SERVERS, its folder).
+// server that ./run bench starts (ZOLT_BENCH_SERVERS, its folder), MariaDB on
+// its other one (ZOLT_BENCH_MARIADB).
 #include "BenchMain.h"
 
 #include "core/database/Database.h"
@@ -22,7 +23,7 @@ using namespace zolt;
 
 namespace {
 
-enum Engine { SQLite, PostgreSQL, Odbc };
+enum Engine { SQLite, PostgreSQL, Odbc, MariaDB };
 constexpr int Users = 100000;
 
 const QString LogonSql = QStringLiteral("SELECT  *  FROM [User] WHERE ([Name]='nhanvien99999') And ( [Password]=1065)");
@@ -37,7 +38,12 @@ void fill(QSqlDatabase db)
         query.exec(QStringLiteral("CREATE SCHEMA bench"));
         query.exec(QStringLiteral("SET search_path TO bench, public"));
     }
-    const QString text = server ? QStringLiteral("Citext") : QStringLiteral("Text Collate NoCase");
+    const bool mariaDb = db.driver()->dbmsType() == QSqlDriver::MySqlServer;
+    const QString text = server    ? QStringLiteral("Citext")
+                         : mariaDb ? QStringLiteral("Varchar(255) Character Set utf8mb4 Collate utf8mb4_uca1400_nopad_as_ci")
+                                   : QStringLiteral("Text Collate NoCase");
+    if (mariaDb)
+        query.exec(QStringLiteral("DROP TABLE IF EXISTS user"));
     query.exec(DriverSql(db, QStringLiteral("Create Table [User](Code Integer Primary Key, [Name] %1, [Dec] %1, "
                                             "[Password] Double Precision, IdGroup Integer)").arg(text)));
     db.transaction();
@@ -53,11 +59,22 @@ void fill(QSqlDatabase db)
 
 QSqlDatabase connection(Engine engine)
 {
-    static const QString names[] = {QStringLiteral("engine-sqlite"), QStringLiteral("engine-psql"), QStringLiteral("engine-odbc")};
+    static const QString names[] = {QStringLiteral("engine-sqlite"), QStringLiteral("engine-psql"), QStringLiteral("engine-odbc"),
+                                    QStringLiteral("engine-mariadb")};
     if (QSqlDatabase::contains(names[engine]))
         return QSqlDatabase::database(names[engine]);
     if (engine == SQLite) {
         const QSqlDatabase db = bench::Database(names[engine], [](QSqlQuery &) {});
+        fill(db);
+        return db;
+    }
+    if (engine == MariaDB) {
+        QSqlDatabase db = test::addServerDatabase(QStringLiteral("QMYSQL"), names[engine], qEnvironmentVariable("ZOLT_BENCH_MARIADB"));
+        db.open();
+        QSqlQuery(db).exec(QStringLiteral("CREATE DATABASE IF NOT EXISTS bench"));
+        db.close();
+        db.setDatabaseName(QStringLiteral("bench"));
+        db.open();
         fill(db);
         return db;
     }
@@ -98,7 +115,7 @@ void plainly(const QSqlDatabase &db, const QString &adapted)
 
 void compare(benchmark::State &state, const QString &sql, const char *what)
 {
-    static const char *const engines[] = {"sqlite", "postgresql", "odbc"};
+    static const char *const engines[] = {"sqlite", "postgresql", "odbc", "mariadb"};
     const QSqlDatabase db = connection(Engine(state.range(0)));
     const QString adapted = DriverSql(db, sql);
     bench::InTurn(state, std::string(what) + "_100k_" + engines[state.range(0)], [&] { throughLibrary(db, sql); },
@@ -108,7 +125,7 @@ void compare(benchmark::State &state, const QString &sql, const char *what)
 void BM_Logon(benchmark::State &state) { compare(state, LogonSql, "logon"); }
 void BM_List(benchmark::State &state) { compare(state, ListSql, "list"); }
 
-BENCHMARK(BM_Logon)->DenseRange(SQLite, Odbc)->MinTime(4)->UseManualTime()->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_List)->DenseRange(SQLite, Odbc)->MinTime(4)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Logon)->DenseRange(SQLite, MariaDB)->MinTime(4)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_List)->DenseRange(SQLite, MariaDB)->MinTime(4)->UseManualTime()->Unit(benchmark::kMillisecond);
 
 } // namespace
