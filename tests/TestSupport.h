@@ -42,6 +42,10 @@ public:
     QSqlDatabase db() const;
     QString name() const { return m_name; }
     Engine engine() const { return m_engine; }
+    // On a server: the folder of its socket, and the test's own schema
+    // (MariaDB: its own database).
+    QString serverFolder() const { return m_engine == Engine::MariaDB ? MariaDbFolder() : ServerFolder(); }
+    QString schema() const { return m_schema; }
     // Every statement SQLite runs on this database from now on, as it ran it.
     // The other engines are not traced: the library's texts are the same on
     // each, so tests pin them where traced().

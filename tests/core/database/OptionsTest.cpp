@@ -79,16 +79,19 @@ TEST_P(GetMaxValueTest, LargestValueOrZero)
     EXPECT_EQ(GetMaxValue(u"Groups"_s, u"Code"_s, QSqlDatabase()), 0);
 }
 
-TEST(SharedServer, TwoDesksWritingAtOnceLoseNothingAndLeaveNoHalfRow)
+class SharedServer : public ::testing::TestWithParam<test::Engine> {};
+INSTANTIATE_TEST_SUITE_P(Servers, SharedServer, ::testing::Values(test::Engine::PostgreSQL, test::Engine::MariaDB),
+                         test::EngineName);
+
+TEST_P(SharedServer, TwoDesksWritingAtOnceLoseNothingAndLeaveNoHalfRow)
 {
-    test::TempDatabase db(test::Engine::PostgreSQL);
+    test::TempDatabase db(GetParam());
     db.createLibraryTables();
-    const QString schema = db.scalar(u"Select current_schema()"_s).toString();
     const auto desk = [&](const char *prefix) {
-        return test::startWriter({u"desk"_s, test::ServerFolder(), schema, QLatin1String(prefix), u"60"_s});
+        return test::startWriter({u"desk"_s, db.serverFolder(), db.schema(), QLatin1String(prefix), u"60"_s});
     };
     const auto first = desk("a"), second = desk("b");
     test::finish({first.get(), second.get()});
-    EXPECT_EQ(db.scalar(u"Select Count(*) From Options Where KeyValue = 'giá trị ' || KeyName"_s).toInt(), 120);
-    EXPECT_EQ(db.scalar(u"Select Count(Distinct Code) From [User] Where [Dec] = 'Nhân viên ' || Name"_s).toInt(), 120);
+    EXPECT_EQ(db.scalar(u"Select Count(*) From Options Where KeyValue = Concat('giá trị ', KeyName)"_s).toInt(), 120);
+    EXPECT_EQ(db.scalar(u"Select Count(Distinct Code) From [User] Where [Dec] = Concat('Nhân viên ', Name)"_s).toInt(), 120);
 }

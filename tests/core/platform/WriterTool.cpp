@@ -5,10 +5,12 @@
 //   writer_tool loop ROOT KEY NAME COUNT   "NAME:i:<1 MiB>:end" COUNT times
 //   writer_tool dsn PREFIX COUNT           registers data sources PREFIX0..
 //   writer_tool ini FILE PREFIX COUNT      keys PREFIX0.. in section [S] of FILE
-//   writer_tool desk SOCKET SCHEMA PREFIX COUNT
-//                                          a desk on the suite's PostgreSQL server:
-//                                          options and users PREFIX0.. in SCHEMA
-//   writer_tool refuse SOCKET SCHEMA NAME COUNT
+//   writer_tool desk FOLDER SCHEMA PREFIX COUNT
+//                                          a desk on the suite's server in FOLDER
+//                                          (MariaDB's when its socket is there, else
+//                                          PostgreSQL's): options and users PREFIX0..
+//                                          in SCHEMA (MariaDB: the database)
+//   writer_tool refuse FOLDER SCHEMA NAME COUNT
 //                                          a desk refusing NAME's logon COUNT times
 #include "core/database/Database.h"
 #include "core/database/Options.h"
@@ -20,6 +22,7 @@
 #include <zolt/clsRegistry.h>
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QStringList>
 
 #include <cstdio>
@@ -36,11 +39,16 @@ int main(int argc, char **argv)
         return 0;
     }
     if (command == QLatin1String("desk") || command == QLatin1String("refuse")) {
-        QSqlDatabase db = zolt::test::addServerDatabase(QStringLiteral("QPSQL"), QStringLiteral("desk"), args.value(2));
+        const bool mariaDb = QFile::exists(args.value(2) + QStringLiteral("/mysqld.sock"));
+        QSqlDatabase db = zolt::test::addServerDatabase(mariaDb ? QStringLiteral("QMYSQL") : QStringLiteral("QPSQL"),
+                                                        QStringLiteral("desk"), args.value(2));
+        if (mariaDb)
+            db.setDatabaseName(args.value(3));
         if (!db.open())
             return 1;
         zolt::SetCurrentConnection(db);
-        zolt::Execute(QStringLiteral("SET search_path TO %1, public").arg(args.value(3)));
+        if (!mariaDb)
+            zolt::Execute(QStringLiteral("SET search_path TO %1, public").arg(args.value(3)));
         if (command == QLatin1String("refuse")) {
             for (int i = 0; i < args.value(5).toInt(); ++i)
                 zolt::CountRefusal(args.value(4), zolt::LogonLimits{5, 30, 900, 0});

@@ -91,12 +91,14 @@ TEST_P(LogonGuardTest, ANameRefusedTooOftenWaitsUntilALogonOrAnAdministratorClea
 }
 
 // Two desks refusing the same name at once: every refusal counts.
-TEST(LogonGuard, TwoDesksCountEveryRefusal)
+class TwoDesks : public ::testing::TestWithParam<test::Engine> {};
+INSTANTIATE_TEST_SUITE_P(Servers, TwoDesks, ::testing::Values(test::Engine::PostgreSQL, test::Engine::MariaDB), test::EngineName);
+
+TEST_P(TwoDesks, EveryRefusalCounts)
 {
-    test::TempDatabase db(test::Engine::PostgreSQL);
+    test::TempDatabase db(GetParam());
     CreateTables(db.db());
-    const QString schema = db.scalar(u"Select current_schema()"_s).toString();
-    const auto desk = [&] { return test::startWriter({u"refuse"_s, test::ServerFolder(), schema, u"thu ngân"_s, u"40"_s}); };
+    const auto desk = [&] { return test::startWriter({u"refuse"_s, db.serverFolder(), db.schema(), u"thu ngân"_s, u"40"_s}); };
     const auto first = desk(), second = desk();
     test::finish({first.get(), second.get()});
     EXPECT_EQ(db.scalar(u"Select Refusals From LogonFailures Where [Name]='THU NGÂN'"_s).toInt(), 80);
