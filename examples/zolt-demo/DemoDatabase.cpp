@@ -172,25 +172,14 @@ bool createTablesAndSamples(QSqlDatabase &db, int goods, QString &error)
 // SQLite file.
 QSqlDatabase connectionTo(const QString &database)
 {
-    if (database.startsWith(QLatin1String("postgresql://"))) {
-        const QUrl url(database);
-        const QUrlQuery options(url);
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"));
-        db.setHostName(options.hasQueryItem(QStringLiteral("host")) ? options.queryItemValue(QStringLiteral("host")) : url.host());
-        if (url.port() > 0)
-            db.setPort(url.port());
-        db.setUserName(url.userName());
-        db.setPassword(url.password());
-        db.setDatabaseName(url.path().mid(1));
-        return db;
-    }
-    if (database.startsWith(QLatin1String("mysql://"))) {
-        const QUrl url(database);
-        const QUrlQuery options(url);
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QMYSQL"));
-        if (options.hasQueryItem(QStringLiteral("host")))
-            db.setConnectOptions(QStringLiteral("UNIX_SOCKET=%1/mysqld.sock").arg(options.queryItemValue(QStringLiteral("host"))));
-        db.setHostName(url.host());
+    const QUrl url(database);
+    const bool postgreSql = url.scheme() == QLatin1String("postgresql");
+    if (postgreSql || url.scheme() == QLatin1String("mysql")) {
+        QSqlDatabase db = QSqlDatabase::addDatabase(postgreSql ? QStringLiteral("QPSQL") : QStringLiteral("QMYSQL"));
+        const QString socketFolder = QUrlQuery(url).queryItemValue(QStringLiteral("host"));
+        db.setHostName(postgreSql && !socketFolder.isEmpty() ? socketFolder : url.host());
+        if (!postgreSql && !socketFolder.isEmpty())
+            db.setConnectOptions(QStringLiteral("UNIX_SOCKET=%1/mysqld.sock").arg(socketFolder));
         if (url.port() > 0)
             db.setPort(url.port());
         db.setUserName(url.userName());

@@ -1,21 +1,12 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# The test suite's own MariaDB server: ./mariadb-cluster.sh ACTION FOLDER, where
-# ACTION is start, stop, halt (stopped without a word to its clients, as by a
-# power cut), serve (started again after halt) or restart (halt, then serve
-# after DOWN seconds, a third argument, 0 by default).
-# A throwaway server in FOLDER, reached only through the Unix socket
-# FOLDER/mysqld.sock (no TCP), with the user "zolt" (no password, every
-# right, as the suite makes a database per test) and the database "zolt".
-# Run as root, the server runs as nobody, in a folder of its own under /tmp
-# that FOLDER links to (nobody may not be able to reach the build folder).
+# The test suite's own MariaDB server: ./mariadb-cluster.sh ACTION FOLDER [DOWN]
+# (the actions in cluster-common.sh). A throwaway server in FOLDER, reached
+# only through the Unix socket FOLDER/mysqld.sock (no TCP), with the user
+# "zolt" (no password, every right, as the suite makes a database per test)
+# and the database "zolt".
 set -euo pipefail
-action=$1
-folder=$(realpath -m -s "$2")
-
-as_owner() {
-    if [ "$(id -u)" -eq 0 ]; then runuser -u nobody -- "$@"; else "$@"; fi
-}
+source "$(dirname "${BASH_SOURCE[0]}")/cluster-common.sh" "$@"
 
 stop() {
     local real pid
@@ -44,46 +35,13 @@ serve() {
     exit 1
 }
 
-case $action in
-restart)
-    stop
-    sleep "${3:-0}"
+create() {
+    as_owner mariadb-install-db --no-defaults --datadir="$1/data" --auth-root-authentication-method=normal \
+        --skip-test-db > "$1/install.log" 2>&1
     serve
-    ;;
-halt)   # stopped as by a power cut, to be served again
-    stop
-    ;;
-serve)
-    serve
-    ;;
-start)
-    stop
-    if [ -L "$folder" ]; then rm -rf "$(readlink -f "$folder")"; fi
-    rm -rf "$folder"
-    mkdir -p "$(dirname "$folder")"
-    if [ "$(id -u)" -eq 0 ]; then
-        real=$(mktemp -d /tmp/zolt-mariadb.XXXXXX)
-        chown nobody "$real"
-        ln -s "$real" "$folder"
-    else
-        mkdir -p "$folder"
-        real=$folder
-    fi
-    as_owner mariadb-install-db --no-defaults --datadir="$real/data" --auth-root-authentication-method=normal \
-        --skip-test-db > "$real/install.log" 2>&1
-    serve
-    mariadb --no-defaults -S "$real/mysqld.sock" -u root -e \
+    mariadb --no-defaults -S "$1/mysqld.sock" -u root -e \
         "CREATE USER zolt@localhost; GRANT ALL ON *.* TO zolt@localhost WITH GRANT OPTION;
          CREATE DATABASE zolt CHARACTER SET utf8mb4 COLLATE utf8mb4_uca1400_as_ci;"
-    ;;
-stop)
-    stop
-    if [ -L "$folder" ]; then   # the folder under /tmp goes with it
-        rm -rf "$(readlink -f "$folder")" "$folder"
-    fi
-    ;;
-*)
-    echo "usage: $0 start|stop|halt|serve|restart FOLDER [DOWN]" >&2
-    exit 2
-    ;;
-esac
+}
+
+run_action mariadb

@@ -1,24 +1,14 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# The test suite's own PostgreSQL server: ./pg-cluster.sh ACTION FOLDER, where
-# ACTION is start, stop, halt (stopped without a word to its clients, as by a
-# power cut), serve (started again after halt) or restart (halt, then serve
-# after DOWN seconds, a third argument, 0 by default).
-# A throwaway cluster in FOLDER, reached only through a Unix socket there
-# (no TCP), trusting its user "zolt", with the database "zolt" (citext and unaccent
-# installed) and an ODBC data source "ZoltTest" in FOLDER/odbc.ini for
-# unixODBC's PostgreSQL driver. Run as root, the server runs as nobody, in a
-# folder of its own under /tmp that FOLDER links to (nobody may not be able
-# to reach the build folder).
+# The test suite's own PostgreSQL server: ./pg-cluster.sh ACTION FOLDER [DOWN]
+# (the actions in cluster-common.sh). A throwaway cluster in FOLDER, reached
+# only through a Unix socket there (no TCP), trusting its user "zolt", with
+# the database "zolt" (citext and unaccent installed) and an ODBC data source
+# "ZoltTest" in FOLDER/odbc.ini for unixODBC's PostgreSQL driver.
 set -euo pipefail
-action=$1
-folder=$(realpath -m -s "$2")
+source "$(dirname "${BASH_SOURCE[0]}")/cluster-common.sh" "$@"
 port=55432
 bin=$(ls -d /usr/lib/postgresql/*/bin | sort -V | tail -n 1)
-
-as_owner() {
-    if [ "$(id -u)" -eq 0 ]; then runuser -u nobody -- "$@"; else "$@"; fi
-}
 
 stop() {
     local real
@@ -35,33 +25,8 @@ serve() {
         -o "-k $real -p $port -c listen_addresses= -c fsync=off -c max_connections=200" start > /dev/null
 }
 
-case $action in
-restart)
-    stop
-    sleep "${3:-0}"
-    serve
-    ;;
-halt)   # stopped as by a power cut, to be served again
-    stop
-    ;;
-serve)
-    serve
-    ;;
-start)
-    stop
-    if [ -L "$folder" ]; then rm -rf "$(readlink -f "$folder")"; fi
-    rm -rf "$folder"
-    mkdir -p "$(dirname "$folder")"
-    if [ "$(id -u)" -eq 0 ]; then
-        real=$(mktemp -d /tmp/zolt-pg.XXXXXX)
-        chown nobody "$real"
-        ln -s "$real" "$folder"
-    else
-        mkdir -p "$folder"
-        real=$folder
-    fi
-    as_owner "$bin/initdb" -D "$real/data" -U zolt --auth=trust --encoding=UTF8 --locale=C.UTF-8 \
-        > "$real/initdb.log"
+create() {
+    as_owner "$bin/initdb" -D "$1/data" -U zolt --auth=trust --encoding=UTF8 --locale=C.UTF-8 > "$1/initdb.log"
     serve
     "$bin/psql" -q -h "$folder" -p $port -U zolt -d postgres -c "CREATE DATABASE zolt"
     "$bin/psql" -q -h "$folder" -p $port -U zolt -d zolt -c "CREATE EXTENSION citext" -c "CREATE EXTENSION unaccent"
@@ -73,15 +38,6 @@ Port=$port
 Database=zolt
 Username=zolt
 INI
-    ;;
-stop)
-    stop
-    if [ -L "$folder" ]; then   # the folder under /tmp goes with it
-        rm -rf "$(readlink -f "$folder")" "$folder"
-    fi
-    ;;
-*)
-    echo "usage: $0 start|stop|halt|serve|restart FOLDER [DOWN]" >&2
-    exit 2
-    ;;
-esac
+}
+
+run_action pg

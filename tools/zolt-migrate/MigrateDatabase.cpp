@@ -3,6 +3,7 @@
 
 #include "AccessDriver.h"
 #include "Language.h"
+#include "ServerAddress.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -10,10 +11,13 @@
 #include <QSqlError>
 #include <QSqlField>
 #include <QSqlQuery>
-#include <QUrl>
-#include <QUrlQuery>
 
 namespace zolt::migrate {
+
+using tools::AddServerDatabase;
+using tools::ServerKind;
+using tools::ServerKindOf;
+using tools::ShownAddress;
 
 namespace {
 
@@ -63,16 +67,16 @@ QString unfitFile(const QString &path, FileKind kind, bool target)
     case FileKind::SQLite: return QString();
     case FileKind::Access:
         return target ? Say("%1 là tệp Access, zolt-migrate chỉ đọc được: hãy chỉ một tệp SQLite mới hoặc một "
-                            "cơ sở dữ liệu PostgreSQL làm đích.",
+                            "cơ sở dữ liệu PostgreSQL hay MariaDB làm đích.",
                             "%1 is an Access file, which zolt-migrate only reads: name a new SQLite file or a "
-                            "PostgreSQL database as the target.")
+                            "PostgreSQL or MariaDB database as the target.")
                             .arg(path)
                       : QString();
     case FileKind::Other:
         return target ? Say("%1 chứa thứ không phải cơ sở dữ liệu SQLite: hãy chỉ một tệp mới hoặc một cơ sở dữ "
-                            "liệu PostgreSQL làm đích.",
+                            "liệu PostgreSQL hay MariaDB làm đích.",
                             "%1 holds something that is not an SQLite database: name a new file or a PostgreSQL "
-                            "database as the target.")
+                            "or MariaDB database as the target.")
                             .arg(path)
                       : Say("%1 không phải cơ sở dữ liệu Access hay SQLite: hãy chỉ tệp chương trình cũ lưu dữ liệu.",
                             "%1 is neither an Access nor an SQLite database: name the file the old program kept "
@@ -82,35 +86,27 @@ QString unfitFile(const QString &path, FileKind kind, bool target)
     return {};
 }
 
-// MariaDB's types (the table's text is utf8mb4, compared as the library's
-// tables are): text a key or an index can hold up to 255 characters, longer
-// text and memos whole; dates and times without a time zone.
-QString mariaDbType(const QSqlField &field, bool asText, bool key)
+// The type names of each target engine. Text compares without regard to
+// case, as the library's statements expect: COLLATE NOCASE, citext, or
+// MariaDB's utf8mb4 table collation, where text a key or an index holds is
+// VARCHAR (255 characters at most). Dates and times carry no time zone.
+struct TypeNames {
+    QString text, keyText, integer, floating, dateTime, binary;
+};
+
+const TypeNames &typeNames(Engine engine)
 {
-    const bool shortText = key || (field.length() > 0 && field.length() <= 255);
-    const QString text = shortText ? QStringLiteral("VARCHAR(255)") : QStringLiteral("LONGTEXT");
-    if (asText)
-        return text;
-    switch (field.metaType().id()) {
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::Short:
-    case QMetaType::UShort:
-    case QMetaType::Char:
-    case QMetaType::UChar:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong: return QStringLiteral("BIGINT");
-    case QMetaType::Double:
-    case QMetaType::Float:
-        if (field.length() > 0 && field.precision() >= 0)
-            return QStringLiteral("DECIMAL(%1,%2)").arg(field.length()).arg(field.precision());
-        return QStringLiteral("DOUBLE");
-    case QMetaType::Bool: return QStringLiteral("BOOLEAN");
-    case QMetaType::QDate: return QStringLiteral("DATE");
-    case QMetaType::QTime: return QStringLiteral("TIME");
-    case QMetaType::QDateTime: return QStringLiteral("DATETIME");
-    case QMetaType::QByteArray: return QStringLiteral("LONGBLOB");
-    default: return text;
+    static const TypeNames sqlite{u"TEXT COLLATE NOCASE"_qs, u"TEXT COLLATE NOCASE"_qs, u"INTEGER"_qs,
+                                  u"DOUBLE"_qs, u"TIMESTAMP"_qs, u"BLOB"_qs};
+    static const TypeNames postgreSql{u"CITEXT"_qs, u"CITEXT"_qs, u"BIGINT"_qs,
+                                      u"DOUBLE PRECISION"_qs, u"TIMESTAMP"_qs, u"BYTEA"_qs};
+    static const TypeNames mariaDb{u"LONGTEXT"_qs, u"VARCHAR(255)"_qs, u"BIGINT"_qs,
+                                   u"DOUBLE"_qs, u"DATETIME"_qs, u"LONGBLOB"_qs};
+    switch (engine) {
+    case Engine::PostgreSQL:
+    case Engine::Odbc: return postgreSql;
+    case Engine::MariaDB: return mariaDb;
+    default: return sqlite;
     }
 }
 
@@ -120,33 +116,10 @@ bool OpenDatabase(const QString &address, const QString &connectionName, bool cr
                   int codePage)
 {
     out->address = address;
-    if (address.startsWith(QLatin1String("postgresql://")) || address.startsWith(QLatin1String("postgres://"))) {
-        const QUrl url(address);
-        out->engine = Engine::PostgreSQL;
-        out->db = QSqlDatabase::addDatabase(QStringLiteral("QPSQL"), connectionName);
-        const QString socket = QUrlQuery(url).queryItemValue(QStringLiteral("host"));
-        out->db.setHostName(socket.isEmpty() ? url.host() : socket);
-        if (url.port() > 0)
-            out->db.setPort(url.port());
-        out->db.setUserName(url.userName());
-        out->db.setPassword(url.password());
-        out->db.setDatabaseName(url.path().mid(1));
-        out->address = url.toString(QUrl::RemovePassword);
-    } else if (address.startsWith(QLatin1String("mysql://")) || address.startsWith(QLatin1String("mariadb://"))) {
-        const QUrl url(address);
-        out->engine = Engine::MariaDB;
-        out->db = QSqlDatabase::addDatabase(QStringLiteral("QMYSQL"), connectionName);
-        // A socket folder as ?host=/run/mysqld, as for PostgreSQL; the server's socket there is mysqld.sock.
-        const QString socket = QUrlQuery(url).queryItemValue(QStringLiteral("host"));
-        if (!socket.isEmpty())
-            out->db.setConnectOptions(QStringLiteral("UNIX_SOCKET=%1/mysqld.sock").arg(socket));
-        out->db.setHostName(url.host());
-        if (url.port() > 0)
-            out->db.setPort(url.port());
-        out->db.setUserName(url.userName());
-        out->db.setPassword(url.password());
-        out->db.setDatabaseName(url.path().mid(1));
-        out->address = url.toString(QUrl::RemovePassword);
+    if (const ServerKind server = ServerKindOf(address); server != ServerKind::None) {
+        out->engine = server == ServerKind::PostgreSQL ? Engine::PostgreSQL : Engine::MariaDB;
+        out->db = AddServerDatabase(address, connectionName);
+        out->address = ShownAddress(address);
     } else if (address.startsWith(QLatin1String("odbc:"))) {
         out->engine = Engine::Odbc;
         out->db = QSqlDatabase::addDatabase(QStringLiteral("QODBC"), connectionName);
@@ -236,11 +209,9 @@ bool IsLibraryTable(const QString &table)
 
 QString ColumnType(const Database &d, const QSqlField &field, bool asText, bool key)
 {
-    if (d.engine == Engine::MariaDB)
-        return mariaDbType(field, asText, key);
-    const bool pg = d.engine != Engine::SQLite;
-    // Text compares without regard to case, as the library's statements expect.
-    const QString text = pg ? QStringLiteral("CITEXT") : QStringLiteral("TEXT COLLATE NOCASE");
+    const TypeNames &names = typeNames(d.engine);
+    const bool shortText = key || (field.length() > 0 && field.length() <= 255);
+    const QString &text = shortText ? names.keyText : names.text;
     if (asText)
         return text;
     switch (field.metaType().id()) {
@@ -251,17 +222,17 @@ QString ColumnType(const Database &d, const QSqlField &field, bool asText, bool 
     case QMetaType::Char:
     case QMetaType::UChar:
     case QMetaType::LongLong:
-    case QMetaType::ULongLong: return pg ? QStringLiteral("BIGINT") : QStringLiteral("INTEGER");
+    case QMetaType::ULongLong: return names.integer;
     case QMetaType::Double:
     case QMetaType::Float:
         if (field.length() > 0 && field.precision() >= 0)   // digits and decimal places: exact
             return QStringLiteral("NUMERIC(%1,%2)").arg(field.length()).arg(field.precision());
-        return pg ? QStringLiteral("DOUBLE PRECISION") : QStringLiteral("DOUBLE");
+        return names.floating;
     case QMetaType::Bool: return QStringLiteral("BOOLEAN");
     case QMetaType::QDate: return QStringLiteral("DATE");
     case QMetaType::QTime: return QStringLiteral("TIME");
-    case QMetaType::QDateTime: return QStringLiteral("TIMESTAMP");
-    case QMetaType::QByteArray: return pg ? QStringLiteral("BYTEA") : QStringLiteral("BLOB");
+    case QMetaType::QDateTime: return names.dateTime;
+    case QMetaType::QByteArray: return names.binary;
     default: return text;
     }
 }

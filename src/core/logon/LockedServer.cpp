@@ -22,6 +22,12 @@ QString text(const QString &value)
     return SqlValue(value, QStringLiteral("S"));
 }
 
+// A value the dialog read, Null where the row held none (the server compares both).
+QString readText(const QString &value)
+{
+    return value.isNull() ? QStringLiteral("Null") : text(value);
+}
+
 // Arrays as literals: the library's brackets name columns, so none is
 // written ("integer ARRAY" is PostgreSQL's "integer[]").
 QString numbers(const QList<qint32> &values)
@@ -164,7 +170,7 @@ qint64 LockedUpdateUser(const QString &old, const QString &name, const QString &
 {
     return call(QStringLiteral("Select zolt_update_user(%1, %2, %3, %4, %5, %6, %7)")
                     .arg(text(old), text(name), text(description), QString::number(group),
-                         readDescription.isNull() ? QStringLiteral("Null") : text(readDescription),
+                         readText(readDescription),
                          QString::number(readGroup), password ? zolt::password(*password) : QStringLiteral("Null, Null")))
         .toLongLong();
 }
@@ -189,8 +195,8 @@ qint64 LockedUpdateGroup(qint32 code, const QString &name, const QString &descri
 {
     return call(QStringLiteral("Select zolt_update_group(%1, %2, %3, %4, %5)")
                     .arg(QString::number(code), text(name), text(description),
-                         readName.isNull() ? QStringLiteral("Null") : text(readName),
-                         readDescription.isNull() ? QStringLiteral("Null") : text(readDescription)))
+                         readText(readName),
+                         readText(readDescription)))
         .toLongLong();
 }
 
