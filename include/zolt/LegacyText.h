@@ -30,6 +30,14 @@ enum class TextEncoding {
     Binary,      ///< bytes that read as no text at all (a picture): left alone
 };
 
+/// Whether the encoding is one of the old platform's fonts: TCVN3 or VNI,
+/// as bytes or as their Windows-1252 reading.
+inline bool IsLegacyEncoding(TextEncoding e)
+{
+    return e == TextEncoding::Tcvn3 || e == TextEncoding::Tcvn3Ansi || e == TextEncoding::Vni
+        || e == TextEncoding::VniAnsi;
+}
+
 /// The encoding's name as the migration tool takes and prints it ("tcvn3-ansi").
 ZOLT_EXPORT QString EncodingName(TextEncoding encoding);
 /// The encoding a name gives; false when there is none of that name.

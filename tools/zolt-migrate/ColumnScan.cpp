@@ -15,12 +15,6 @@ namespace {
 
 constexpr int SamplesShown = 3;
 
-bool isLegacy(TextEncoding e)
-{
-    return e == TextEncoding::Tcvn3 || e == TextEncoding::Tcvn3Ansi || e == TextEncoding::Vni
-        || e == TextEncoding::VniAnsi;
-}
-
 bool isEmpty(const QVariant &value)
 {
     return value.isNull() || (value.typeId() == QMetaType::QString && value.toString().isEmpty())
@@ -95,7 +89,7 @@ void guess(const Database &d, TableReport &report, const Choices &choices)
         column.upper = column.upper || column.guess.upper;
         const QString given = key(column.table, column.column);
         column.given = choices.encodings.contains(given)
-                       || (choices.encodings.contains(QStringLiteral("*")) && isLegacy(column.guess.encoding));
+                       || (choices.encodings.contains(QStringLiteral("*")) && IsLegacyEncoding(column.guess.encoding));
         column.encoding = choices.encodings.contains(given) ? choices.encodings[given]
                           : column.given ? choices.encodings[QStringLiteral("*")]
                                          : column.guess.encoding;
@@ -224,7 +218,7 @@ bool Converts(const ColumnReport &column)
 
 bool BecomesText(const ColumnReport &column)
 {
-    return column.bytes && Converts(column) && isLegacy(column.encoding);
+    return column.bytes && Converts(column) && IsLegacyEncoding(column.encoding);
 }
 
 QVariant Converted(const ColumnReport &column, const QVariant &value, ValueRead *read)
@@ -245,7 +239,7 @@ QVariant Converted(const ColumnReport &column, const QVariant &value, ValueRead 
     if (value.typeId() == QMetaType::QString && !IsAnsiText(value.toString()))
         return as(TextEncoding::Unicode, false);   // letters beyond Windows-1252: Unicode already
     // The column's reading, where it makes syllables of every word.
-    if (isLegacy(column.encoding) || column.encoding == TextEncoding::Unicode) {
+    if (IsLegacyEncoding(column.encoding) || column.encoding == TextEncoding::Unicode) {
         qint32 unconvertible = 0;
         const QString text = ToUnicode(value, column.encoding, column.upper, &unconvertible);
         if (ReadsAsVietnamese(text, unconvertible)) {

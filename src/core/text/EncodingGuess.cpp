@@ -36,11 +36,6 @@ bool isAscii(QStringView text)
     return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
 }
 
-bool isLegacy(TextEncoding e)
-{
-    return e == TextEncoding::Tcvn3 || e == TextEncoding::Tcvn3Ansi || e == TextEncoding::Vni || e == TextEncoding::VniAnsi;
-}
-
 bool isTcvn3(TextEncoding e) { return e == TextEncoding::Tcvn3 || e == TextEncoding::Tcvn3Ansi; }
 
 // TCVN3 is read for a capitals font too: its capitals but Ă Â Ê Ô Ơ Ư Đ are
@@ -127,7 +122,7 @@ ColumnGuess GuessColumn(const QList<QVariant> &sample)
     QList<std::pair<int, TextEncoding>> legacy;
     int legacyValues = 0;
     for (auto held = column.certain.cbegin(); held != column.certain.cend(); ++held) {
-        if (isLegacy(held.key())) {
+        if (IsLegacyEncoding(held.key())) {
             legacy += {held.value(), held.key()};
             legacyValues += held.value();
         }
@@ -179,8 +174,8 @@ std::optional<QString> ReadRuns(const QVariant &value)
     const auto reads = [](const QVariant &run, TextEncoding encoding, QString *text) {
         qint32 unconvertible = 0;
         *text = ToUnicode(run, encoding, false, &unconvertible);
-        const SyllableCount count = CountSyllables(*text);
-        return unconvertible == 0 && count.words > 0 && count.words == count.valid;
+        const Reading reading = judge(encoding, *text, unconvertible);
+        return reading.words > 0 && reading.score == 1;
     };
     QString left, right;
     for (TextEncoding encoding : {TextEncoding::Unicode, tcvn3, vni}) {
