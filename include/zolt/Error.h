@@ -26,6 +26,7 @@ enum class ErrorCode : qint32 {
     DuplicateKey,          ///< a key already in a collection (457)
     DatabaseFailure,       ///< a statement the engine refused (-2147217900), with the engine's words
     ServerUnreachable,     ///< the server went away (-2147467259); the library opens the connection again when it can
+    OutOfMemory,           ///< memory for a password's hash could not be had, or libsodium could not start (7)
     Other                  ///< a number of the host's own or of no kind above
 };
 
@@ -37,6 +38,7 @@ public:
     enum Number : qint32 {
         InvalidArgument = 5,        ///< invalid procedure call or argument
         Overflow = 6,               ///< a number beyond its type
+        OutOfMemory = 7,            ///< memory could not be had
         TypeMismatch = 13,          ///< a value of the wrong type
         InvalidPropertyValue = 380, ///< a property set to a value it cannot take
         InvalidPropertyIndex = 381, ///< a list index out of range

@@ -29,6 +29,7 @@ ErrorCode Error::code() const noexcept
     case DuplicateKey: return ErrorCode::DuplicateKey;
     case DatabaseFailure: return ErrorCode::DatabaseFailure;
     case ServerUnreachable: return ErrorCode::ServerUnreachable;
+    case OutOfMemory: return ErrorCode::OutOfMemory;
     default: return ErrorCode::Other;
     }
 }
@@ -38,6 +39,7 @@ QString Error::standardDescription(qint32 number)
     switch (number) {
     case InvalidArgument: return QStringLiteral("Invalid procedure call or argument");
     case Overflow: return QStringLiteral("Overflow");
+    case OutOfMemory: return QStringLiteral("Out of memory");
     case TypeMismatch: return QStringLiteral("Type mismatch");
     case InvalidPropertyValue: return QStringLiteral("Invalid property value");
     case InvalidPropertyIndex: return QStringLiteral("Invalid property array index");

@@ -90,12 +90,12 @@ PasswordPolicy ReadPasswordPolicy()
 QString HashPassword(const QString &password, const PasswordPolicy &policy)
 {
     if (sodium_init() < 0)
-        throw Error(7, QStringLiteral("libsodium could not start"));
+        throw Error(Error::OutOfMemory, QStringLiteral("libsodium could not start"));
     const QByteArray secret = secretOf(password, policy);
     char hash[crypto_pwhash_STRBYTES];
     if (crypto_pwhash_str(hash, secret.constData(), quint64(secret.size()), crypto_pwhash_OPSLIMIT_INTERACTIVE,
                           crypto_pwhash_MEMLIMIT_INTERACTIVE) != 0)
-        throw Error(7, QStringLiteral("Out of memory"));
+        throw Error(Error::OutOfMemory);
     return QString::fromLatin1(hash);
 }
 
@@ -118,14 +118,14 @@ QString DerivedHash(const QString &password, const PasswordPolicy &policy, const
         || crypto_pwhash(derived, sizeof derived, secret.constData(), quint64(secret.size()), salt,
                          match.captured(2).toULongLong(), size_t(match.captured(1).toULongLong()) * 1024,
                          crypto_pwhash_ALG_ARGON2ID13) != 0)
-        throw Error(7, QStringLiteral("Out of memory"));
+        throw Error(Error::OutOfMemory);
     return QString::fromLatin1(QByteArray(reinterpret_cast<const char *>(derived), sizeof derived).toHex());
 }
 
 QString NewPasswordProof(const QString &password, const PasswordPolicy &policy)
 {
     if (sodium_init() < 0)
-        throw Error(7, QStringLiteral("libsodium could not start"));
+        throw Error(Error::OutOfMemory, QStringLiteral("libsodium could not start"));
     unsigned char salt[crypto_pwhash_SALTBYTES];
     randombytes_buf(salt, sizeof salt);
     char saltText[sodium_base64_ENCODED_LEN(crypto_pwhash_SALTBYTES, sodium_base64_VARIANT_ORIGINAL_NO_PADDING)];
